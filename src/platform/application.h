@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// The host's application: document, status bar, templates, commands of its own, frame windows.
+#pragma once
+
+#include <cstdint>
+
+#include "platform/object.h"
+#include "platform/text.h"
+
+namespace brelmon {
+
+class IStatusBar : public virtual IObject {
+ public:
+  /// Repaints its own widget only: no user event runs while a tool holds the thread.
+  virtual void ShowProgressBar(const Text& message, std::int32_t minimum, std::int32_t maximum,
+                               std::int32_t step, bool onePanel) = 0;
+  virtual void StepProgressBar() = 0;
+  virtual void HideProgressBar() = 0;
+};
+
+class ICommandItem : public virtual IObject {
+ public:
+  virtual void Execute() = 0;
+};
+
+class ICommandBars : public virtual IObject {
+ public:
+  /// The host's command of that identifier; unset if it has none.
+  virtual Ref<ICommandItem> Find(const Ref<UID>& uid) = 0;
+};
+
+class IDocument : public virtual IObject {
+ public:
+  virtual Ref<ICommandBars> CommandBars() = 0;
+};
+
+/// Paths of templates; the last is the full path of the open map document.
+class ITemplates : public virtual IObject {
+ public:
+  virtual std::int32_t Count() = 0;
+  /// Index from 0; fails with 9 out of bounds, and with a description of its own where the open
+  /// document was never saved.
+  virtual Text Item(std::int32_t index) = 0;
+};
+
+class IApplication : public virtual IObject {
+ public:
+  virtual Ref<IDocument> Document() = 0;
+  virtual Ref<IStatusBar> StatusBar() = 0;
+  virtual Ref<ITemplates> Templates() = 0;
+  /// Handle of the main window, for dialogs to be owned by; 0 where there is none.
+  virtual std::int32_t hWnd() = 0;
+};
+
+/// A window beside the host that a form lives in. Its own close button only hides it.
+class IModelessFrame : public virtual IObject {
+ public:
+  virtual void Create(const Ref<IObject>& form) = 0;
+  virtual Text Caption() = 0;
+  virtual void SetCaption(const Text& caption) = 0;
+  virtual bool Visible() = 0;
+  virtual void SetVisible(bool visible) = 0;
+};
+
+/// Also offered by a modeless frame: the size of its client window in pixels of 15 twips.
+class IWindowPosition : public virtual IObject {
+ public:
+  virtual std::int32_t Width() = 0;
+  virtual std::int32_t Height() = 0;
+};
+
+}  // namespace brelmon
