@@ -1,0 +1,285 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// Loading and unloading, showing, focus and tab order, dumps.
+#include "tests/toolkit/testform.h"
+
+namespace brelmon {
+namespace {
+
+struct TestHost : IFormHost {
+  void ShowModal(Form& form) override { user(form); }
+  std::function<void(Form&)> user;
+};
+
+class Showing : public testing::Test {
+ protected:
+  Showing() : scope_(Set(host)) {}
+  TestHost host;
+
+ private:
+  static Services Set(TestHost& host) {
+    Services services;
+    services.forms = &host;
+    return services;
+  }
+  ServicesScope scope_;
+};
+
+std::string Names(const std::vector<Control*>& controls) {
+  std::string names;
+  for (const Control* control : controls) {
+    names += (names.empty() ? "" : " ") + ToUtf8(control->Name());
+  }
+  return names;
+}
+
+TEST(FormLife, FirstTouchOfAnythingLoads) {
+  const std::vector<std::function<void(TestForm&)>> touches = {
+      [](TestForm& form) { form.chkAll.Value(); },
+      [](TestForm& form) { form.lbxRows.ListCount(); },
+      [](TestForm& form) { form.cmdOK.SetCaption(u"Fine"); },
+      [](TestForm& form) { form.SetCaption(u"Title"); },
+      [](TestForm& form) { form.txtName.UserType(u"x"); },
+      [](TestForm& form) { form.TabOrder(); },
+      [](TestForm& form) { form.Resize(7000, 5000); },
+  };
+  for (const auto& touch : touches) {
+    TestForm form;
+    EXPECT_EQ(form.LoadState(), Form::State::Unloaded);
+    touch(form);
+    EXPECT_EQ(form.LoadState(), Form::State::Loaded);
+    EXPECT_EQ(form.Ran().substr(0, 4), "Load");
+  }
+}
+
+TEST(FormLife, DesignRunsNoEventAndLoadDoes) {
+  TestForm form;
+  form.onLoad = [&form] {
+    EXPECT_EQ(form.LoadState(), Form::State::Loading);
+    form.optTwo.SetValue(true);
+    form.txtName.SetText(u"loaded");
+    form.lbxRows.SetListIndex(2);
+  };
+  form.EnsureLoaded();
+  EXPECT_EQ(form.Ran(), "Load optTwo txtName lbxRows");
+}
+
+TEST(FormLife, HidingKeepsAndUnloadingDrops) {
+  TestForm form;
+  form.Unload();
+  EXPECT_EQ(form.Ran(), "");
+  form.txtName.SetText(u"typed");
+  form.cmdOK.SetEnabled(false);
+  form.cmdOK.SetTabIndex(0);
+  form.Hide();
+  EXPECT_EQ(form.txtName.Text(), u"typed");
+  EXPECT_EQ(form.Ran(), "Load txtName");
+
+  form.Unload();
+  form.Unload();
+  EXPECT_EQ(form.LoadState(), Form::State::Unloaded);
+  EXPECT_EQ(form.Ran(), "Unload");
+  EXPECT_EQ(form.txtName.Text(), u"designed");
+  EXPECT_TRUE(form.cmdOK.Enabled());
+  EXPECT_EQ(form.cmdOK.TabIndex(), 10);
+  EXPECT_EQ(form.Ran(), "Load");
+}
+
+TEST(FormLife, AFailedLoadLeavesItUnloaded) {
+  TestForm form;
+  form.onLoad = [] { Raise(failure::kFileNotFound); };
+  EXPECT_EQ(FailureOf([&] { form.Caption(); }), failure::kFileNotFound);
+  EXPECT_EQ(form.LoadState(), Form::State::Unloaded);
+  form.onLoad = nullptr;
+  EXPECT_EQ(form.Caption(), u"A test");
+}
+
+TEST_F(Showing, ActivatesGivesFocusAndHidesAfterwards) {
+  const auto form = New<TestForm>();
+  host.user = [&](Form& shown) {
+    EXPECT_TRUE(shown.Visible());
+    EXPECT_TRUE(form->txtName.HasFocus());
+    EXPECT_EQ(FailureOf([&] { shown.ShowModal(); }), 400);
+    shown.UserClick();
+  };
+  form->ShowModal();
+  EXPECT_EQ(form->Ran(), "Load Activate MouseDown Click");
+  EXPECT_FALSE(form->Visible());
+  EXPECT_EQ(form->LoadState(), Form::State::Loaded);
+  form->ShowModal();
+  EXPECT_EQ(form->Ran(), "Activate MouseDown Click");
+}
+
+TEST_F(Showing, AHostThatFailsLeavesTheFormHidden) {
+  TestForm form;
+  host.user = [](Form&) { Raise(failure::kNotSupported); };
+  EXPECT_EQ(FailureOf([&] { form.ShowModal(); }), failure::kNotSupported);
+  EXPECT_FALSE(form.Visible());
+}
+
+TEST_F(Showing, SurvivesUnloadAndLossOfItsLastHolder) {
+  Ref<TestForm> form = New<TestForm>();
+  const std::weak_ptr<TestForm> watch = form.Shared();
+  host.user = [&form](Form& shown) {
+    form.Reset();
+    shown.UserEscape();
+    EXPECT_FALSE(shown.Visible());
+    EXPECT_EQ(shown.LoadState(), Form::State::Unloaded);
+  };
+  TestForm* const raw = form.Get();
+  raw->ShowModal();
+  EXPECT_TRUE(watch.expired());
+}
+
+TEST_F(Showing, AFormUnloadedByItsLoadIsNotShown) {
+  TestForm form;
+  form.onLoad = [&form] {
+    form.Unload();
+    form.lbxRows.AddItem(u"too late");
+  };
+  host.user = [](Form&) { FAIL() << "shown"; };
+  form.ShowModal();
+  EXPECT_FALSE(form.Visible());
+}
+
+TEST_F(Showing, TellsItsViewUntilItCloses) {
+  struct View : IFormView {
+    void ControlChanged(Control& control, Aspect aspect) override {
+      heard += ToUtf8(control.Name()) + std::to_string(static_cast<int>(aspect)) + " ";
+    }
+    void FormChanged() override { heard += "form "; }
+    void FormClosed() override { heard += "closed "; }
+    std::string heard;
+  } view;
+  TestForm form;
+  host.user = [&](Form& shown) {
+    shown.SetView(&view);
+    form.cmdOK.SetCaption(u"Go");
+    form.cmdOK.SetCaption(u"Go");
+    form.chkAll.UserClick();
+    shown.Resize(6000, 4000);
+    shown.UserClose();
+    shown.SetView(nullptr);
+  };
+  form.ShowModal();
+  EXPECT_EQ(view.heard, "cmdOK1 txtName7 chkAll7 chkAll4 form closed ");
+}
+
+TEST(FormLife, AModelessFrameShowsAndHidesIt) {
+  TestForm form;
+  form.SetVisibleInFrame(true);
+  EXPECT_TRUE(form.Visible());
+  EXPECT_TRUE(form.txtName.HasFocus());
+  EXPECT_EQ(FailureOf([&] { form.ShowModal(); }), 400);
+  form.SetVisibleInFrame(false);
+  EXPECT_FALSE(form.Visible());
+  EXPECT_EQ(form.LoadState(), Form::State::Loaded);
+  form.SetVisibleInFrame(true);
+  form.Unload();
+  EXPECT_FALSE(form.Visible());
+}
+
+TEST(FormFocus, NeedsAControlThatCanTakeIt) {
+  TestForm form;
+  EXPECT_EQ(FailureOf([&] { form.lblName.SetFocus(); }), 5);
+  EXPECT_EQ(FailureOf([&] { form.cpGroup.SetFocus(); }), 5);
+  form.optTwo.SetFocus();
+  EXPECT_TRUE(form.optTwo.HasFocus());
+  form.cpGroup.SetEnabled(false);
+  EXPECT_FALSE(form.optTwo.Usable());
+  EXPECT_TRUE(form.optApart.HasFocus()) << "the next stop takes over";
+  EXPECT_EQ(FailureOf([&] { form.optTwo.SetFocus(); }), 5);
+  form.Ran();
+  form.optTwo.UserClick();
+  EXPECT_EQ(form.Ran(), "");
+  EXPECT_FALSE(form.optTwo.Value());
+}
+
+TEST(FormFocus, TabOrder) {
+  TestForm form;
+  EXPECT_EQ(Names(form.TabOrder()),
+            "txtName optOne optApart chkAll lbxRows lbxMany cbxPick cmdOK cmdCancel");
+  form.optTwo.SetValue(true);
+  form.cmdOK.SetTabIndex(0);
+  form.lbxRows.SetEnabled(false);
+  form.lbxMany.SetVisible(false);
+  form.chkAll.SetTabStop(false);
+  EXPECT_EQ(Names(form.TabOrder()), "cmdOK txtName optTwo optApart cbxPick cmdCancel");
+}
+
+TEST(FormFocus, EnterAndEscapeClickWhatIsUsable) {
+  TestForm form;
+  form.EnsureLoaded();
+  form.Ran();
+  form.UserEnter();
+  EXPECT_EQ(form.Ran(), "cmdOK");
+  form.cmdOK.SetEnabled(false);
+  form.UserEnter();
+  EXPECT_EQ(form.Ran(), "");
+  form.cmdCancel.SetDefault(true);
+  EXPECT_FALSE(form.cmdOK.Default());
+  form.UserEnter();
+  EXPECT_EQ(form.Ran(), "cmdCancel Unload");
+}
+
+TEST(FormResize, RunsListenersThenItsOwn) {
+  TestForm form;
+  form.ListenToResize([&] { form.Log("first"); });
+  form.ListenToResize([&] { form.Log("second"); });
+  form.Ran();
+  form.Resize(7000, 3000);
+  EXPECT_EQ(form.Ran(), "first second Resize");
+  EXPECT_EQ(form.Width(), 7000);
+  EXPECT_EQ(FailureOf([&] { form.Resize(-1, 10); }), 380);
+  EXPECT_EQ(form.Height(), 3000);
+
+  form.ListenToResize([&] { form.Unload(); });
+  form.Resize(1, 1);
+  EXPECT_EQ(form.Ran(), "first second Unload") << "nothing runs on an unloaded form";
+  form.Resize(2, 2);
+  EXPECT_EQ(form.Ran(), "Load Resize") << "listeners end with the load";
+}
+
+TEST(FormNames, ControlsAndWhatTheyAreCalled) {
+  TestForm form;
+  EXPECT_EQ(&form.ControlNamed(u"LBXrows"), &form.lbxRows);
+  EXPECT_EQ(FailureOf([&] { form.ControlNamed(u"lbxRow"); }), 5);
+  EXPECT_EQ(form.txtName.AccessibleName(), u"Name & kin");
+  EXPECT_EQ(form.cmdOK.AccessibleName(), u"cmdOK");
+  form.cmdOK.SetToolTipText(u"Begins");
+  EXPECT_EQ(form.cmdOK.AccessibleName(), u"Begins");
+  form.cmdOK.SetCaption(u"&OK");
+  EXPECT_EQ(form.cmdOK.AccessibleName(), u"OK");
+}
+
+TEST(FormDump, TellsTheWholeState) {
+  TestForm form;
+  form.txtName.UserEdit(u"say \"hi\"\r\nyou", 3, 2);
+  form.lbxRows.SetListIndex(1);
+  form.lbxMany.UserClick(1);
+  form.lbxMany.UserClick(3, true);
+  form.lbxMany.SetEnabled(false);
+  form.optTwo.SetTabStop(false);
+  form.chkAll.SetForeColor(colour::kBlue);
+  form.chkAll.SetFont({u"", 12, true, false});
+  form.cbxPick.SetText(u"z");
+  form.cmdOK.SetToolTipText(u"Begins");
+  form.cmdOK.SetLeft(100.5F);
+  form.cmdCancel.SetVisible(false);
+  EXPECT_EQ(ToUtf8(form.Dump()), R"(Form TestForm "A test" 6000x4500 sizable
+  Label lblName 120,120 1200x225 "&Name && kin:"
+  TextBox txtName 1320,120 3000x315 for="lblName" text="say \"hi\"you" caret=3 selected=2
+  Frame cpGroup 120,600 3000x900 "Group"
+    OptionButton optOne 0,0 0x0 on
+    OptionButton optTwo 0,0 0x0 no-tab off
+  OptionButton optApart 0,0 0x0 off
+  CheckBox chkAll 0,0 0x0 fore=0xff0000 font="bold 12" value=1
+  ListBox lbxRows 0,0 0x0 rows=5: "a", >"b", "c", "d", "e"
+  ListBox lbxMany 0,0 0x0 disabled extended rows=5: "a", *"b", "c", >*"d", "e"
+  ComboBox cbxPick 0,0 0x0 focus text="z" rows=5: "a", "b", "c", "d", "e"
+  CommandButton cmdOK 100.5,0 0x0 tip="Begins" default
+  CommandButton cmdCancel 0,0 0x0 hidden cancel
+)");
+}
+
+}  // namespace
+}  // namespace brelmon
