@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// How a command finds what the user means by the active themes, and whether it is enabled.
+#pragma once
+
+#include <functional>
+
+#include "frame/commandtable.h"
+#include "platform/map.h"
+
+namespace brelmon {
+
+/// Kinds of item that a command accepts from the contents view.
+struct Accepts {
+  bool Layer = true;
+  bool Table = true;
+  bool Set = true;
+  bool Map = false;
+};
+
+/// The contents-view gate: the selected item if the tab in front is "Display" or "Source" and the
+/// item is of an accepted kind; unset otherwise.
+Ref<IObject> ActiveItem(const Ref<IMxDocument>& document, const Accepts& accepts);
+
+/// Runs `act` on the item, or on each member of a set (none for an empty one), until it gives
+/// false. Gives whether it ran to the end.
+template <class Act>
+bool ForEachMember(const Ref<IObject>& item, Act act) {
+  const auto set = item.TryAs<ISet>();
+  if (!set) return act(item);
+  if (set->Count() == 0) return true;
+  set->Reset();
+  for (auto member = set->Next(); member; member = set->Next()) {
+    if (!act(member)) return false;
+  }
+  return true;
+}
+
+/// The valid feature layers of a map, then its valid tables: what statistics, queries and
+/// summaries offer. `first` comes with the layers in the order of the enumeration.
+void WalkLayers(const Ref<IEnumLayer>& layers,
+                const std::function<bool(const Ref<ILayer>&)>& visit);
+void WalkTables(const Ref<IMap>& map,
+                const std::function<bool(const Ref<IStandaloneTable>&)>& visit);
+
+/// An identifier object for feature layers only.
+Ref<UID> FeatureLayerUID();
+
+/// The rules. Each may fail; the command's guard block then reports and gives false.
+bool IsEnabled(EnabledRule rule, const Ref<IMxDocument>& document);
+
+/// "There is something wrong with NAME!  It is not a valid " and the command's own tail.
+void ShowInvalidData(const Text& name, TextView tail);
+
+/// Validity and name of a feature layer or standalone table; false for any other item.
+bool IsValidItem(const Ref<IObject>& item);
+
+}  // namespace brelmon

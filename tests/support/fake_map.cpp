@@ -1,0 +1,262 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// Maps, the document and table windows of the fake world.
+#include "tests/support/fake_map.h"
+
+#include <algorithm>
+
+#include "platform/collection.h"
+
+namespace brelmon::test {
+namespace {
+
+class EnumLayer : public IEnumLayer {
+ public:
+  explicit EnumLayer(std::vector<Ref<ILayer>> layers) : layers_(std::move(layers)) {}
+  void Reset() override { next_ = 0; }
+  Ref<ILayer> Next() override { return next_ < layers_.size() ? layers_[next_++] : nullptr; }
+
+ private:
+  std::vector<Ref<ILayer>> layers_;
+  std::size_t next_ = 0;
+};
+
+class EnumElement : public IEnumElement {
+ public:
+  explicit EnumElement(std::vector<Ref<IElement>> elements) : elements_(std::move(elements)) {}
+  void Reset() override { next_ = 0; }
+  Ref<IElement> Next() override { return next_ < elements_.size() ? elements_[next_++] : nullptr; }
+
+ private:
+  std::vector<Ref<IElement>> elements_;
+  std::size_t next_ = 0;
+};
+
+class Set : public ISet {
+ public:
+  explicit Set(std::vector<Ref<IObject>> items) : items_(std::move(items)) {}
+  std::int32_t Count() override { return static_cast<std::int32_t>(items_.size()); }
+  void Reset() override { next_ = 0; }
+  Ref<IObject> Next() override { return next_ < items_.size() ? items_[next_++] : nullptr; }
+
+ private:
+  std::vector<Ref<IObject>> items_;
+  std::size_t next_ = 0;
+};
+
+class ContentsViewOf : public IContentsView {
+ public:
+  ContentsViewOf(Ref<FakeDocument> document, std::size_t tab)
+      : document_(std::move(document)), tab_(tab) {}
+  Text Name() override {
+    static const Text names[] = {u"Display", u"Source", u"Selection"};
+    return names[tab_];
+  }
+  Value SelectedItem() override {
+    const auto item = document_->SelectedItem();
+    return item ? Value(item) : Value(Null{});
+  }
+  void RemoveFromSelectedItems(const Ref<IObject>& item) override {
+    std::erase_if(document_->selection, [&](const auto& it) { return Same(it, item); });
+    Note(document_->log, "RemoveFromSelectedItems");
+  }
+  void Refresh(const Ref<IObject>& item) override {
+    Note(document_->log, "Refresh contents " + ToUtf8(item.As<IMap>()->Name()));
+  }
+  std::size_t Tab() const { return tab_; }
+
+ private:
+  Ref<FakeDocument> document_;
+  std::size_t tab_;
+};
+
+void Gather(const std::vector<Ref<ILayer>>& layers, bool featureOnly, bool recursive,
+            std::vector<Ref<ILayer>>& found) {
+  for (const auto& layer : layers) {
+    if (!featureOnly || layer.Offers<IFeatureLayer>()) found.push_back(layer);
+    const auto group = layer.TryAs<FakeOtherLayer>();
+    if (recursive && group) Gather(group->members, featureOnly, recursive, found);
+  }
+}
+
+}  // namespace
+
+void FakeEnvelope::PutCoords(double xMin, double yMin, double xMax, double yMax) {
+  const double given[4] = {xMin, yMin, xMax, yMax};
+  std::copy(given, given + 4, bounds);
+}
+
+void FakeEnvelope::QueryCoords(double& xMin, double& yMin, double& xMax, double& yMax) {
+  xMin = bounds[0], yMin = bounds[1], xMax = bounds[2], yMax = bounds[3];
+}
+
+namespace {
+template <class Made>
+Ref<Made> MakeRows(const Text& name, std::vector<FakeFieldSpec>&& fields, std::vector<Row>&& rows,
+                   Log* log) {
+  auto made = New<Made>();
+  made->name = name;
+  made->fields = std::move(fields);
+  made->rows = std::move(rows);
+  made->log = log;
+  return made;
+}
+}  // namespace
+
+Ref<FakeLayer> FakeMap::AddFeatureLayer(const Text& layerName, std::vector<FakeFieldSpec> fields,
+                                        std::vector<Row> rows) {
+  auto layer = MakeRows<FakeLayer>(layerName, std::move(fields), std::move(rows), log);
+  layers.push_back(layer);
+  return layer;
+}
+
+Ref<FakeStandaloneTable> FakeMap::AddTable(const Text& tableName, std::vector<FakeFieldSpec> fields,
+                                           std::vector<Row> rows) {
+  auto table = MakeRows<FakeStandaloneTable>(tableName, std::move(fields), std::move(rows), log);
+  tables.push_back(table);
+  return table;
+}
+
+Ref<FakeOtherLayer> FakeMap::AddOther(const Text& layerName, std::vector<Ref<ILayer>> members) {
+  auto other = New<FakeOtherLayer>();
+  other->name = layerName;
+  other->members = std::move(members);
+  layers.push_back(other);
+  return other;
+}
+
+Ref<IEnumLayer> FakeMap::Layers(const Ref<UID>& uid, bool recursive) {
+  std::vector<Ref<ILayer>> found;
+  Gather(layers, uid && uid->Value == kFeatureLayerUID, recursive, found);
+  if (found.empty()) Raise(failure::kInvalidCall, Text(u"The map has no such layers"), 0);
+  return New<EnumLayer>(std::move(found));
+}
+
+void FakeMap::AddLayer(const Ref<ILayer>& layer) {
+  layers.push_back(layer);
+  Note(log, "AddLayer " + ToUtf8(layer->Name()));
+}
+
+void FakeMap::DeleteLayer(const Ref<ILayer>& layer) {
+  std::erase_if(layers, [&](const auto& it) { return Same(it, layer); });
+  Note(log, "DeleteLayer " + ToUtf8(layer->Name()));
+}
+
+Ref<IGraphicsContainerSelect> FakeMap::ActiveGraphicsLayer() {
+  return Ref<FakeMap>(shared_from_this());
+}
+
+std::int32_t FakeMap::StandaloneTableCount() { return static_cast<std::int32_t>(tables.size()); }
+Ref<IStandaloneTable> FakeMap::StandaloneTable(std::int32_t index) { return At(tables, index); }
+
+void FakeMap::AddStandaloneTable(const Ref<IStandaloneTable>& table) {
+  tables.push_back(table);
+  Note(log, "AddStandaloneTable");
+}
+
+void FakeMap::RemoveStandaloneTable(const Ref<IStandaloneTable>& table) {
+  std::erase_if(tables, [&](const auto& it) { return Same(it, table); });
+  Note(log, "RemoveStandaloneTable " + ToUtf8(table->Name()));
+}
+
+void FakeMap::PartialRefresh(DrawPhase phase, const Ref<IObject>& data, const Ref<IEnvelope>&) {
+  Note(log, "PartialRefresh " + std::to_string(static_cast<int>(phase)) + (data ? " data" : ""));
+}
+
+void FakeMap::Refresh() { Note(log, "Refresh " + ToUtf8(name)); }
+Ref<IDisplay> FakeMap::ScreenDisplay() { return Ref<FakeMap>(shared_from_this()); }
+Ref<IDisplayTransformation> FakeMap::DisplayTransformation() {
+  return Ref<FakeMap>(shared_from_this());
+}
+
+void FakeMap::SetVisibleBounds(const Ref<IEnvelope>& bounds) {
+  double b[4];
+  bounds->QueryCoords(b[0], b[1], b[2], b[3]);
+  extent->PutCoords(b[0], b[1], b[2], b[3]);
+  Note(log, "VisibleBounds " + ToUtf8(name));
+}
+
+std::int32_t FakeMap::ElementSelectionCount() { return static_cast<std::int32_t>(graphics.size()); }
+Ref<IEnumElement> FakeMap::SelectedElements() { return New<EnumElement>(graphics); }
+
+Ref<FakeMap> FakeDocument::AddMap(const Text& mapName) {
+  auto map = New<FakeMap>();
+  map->name = mapName;
+  map->log = log;
+  maps.push_back(map);
+  return map;
+}
+
+void FakeDocument::SetActiveView(const Ref<IActiveView>& view) {
+  for (std::size_t i = 0; i < maps.size(); ++i) {
+    if (Same(maps[i], view)) focus = i;
+  }
+  Note(log, "SetActiveView " + ToUtf8(view.As<IMap>()->Name()));
+}
+
+Ref<IMaps> FakeDocument::Maps() { return Ref<FakeDocument>(shared_from_this()); }
+
+void FakeDocument::SetCurrentContentsView(const Ref<IContentsView>& view) {
+  tab = view.As<ContentsViewOf>()->Tab();
+}
+
+Ref<IContentsView> FakeDocument::ContentsView(std::int32_t index) {
+  return New<ContentsViewOf>(Ref<FakeDocument>(shared_from_this()),
+                             static_cast<std::size_t>(index));
+}
+
+Ref<IObject> FakeDocument::SelectedItem() {
+  if (selection.empty()) return {};
+  if (selection.size() == 1) return selection.front();
+  return New<Set>(selection);
+}
+
+Ref<ICommandBars> FakeDocument::CommandBars() { return Ref<FakeDocument>(shared_from_this()); }
+Ref<IMap> FakeDocument::Item(std::int32_t index) { return At(maps, index); }
+
+Ref<IMap> FakeDocument::Create() {
+  auto map = New<FakeMap>();
+  map->log = log;
+  return map;
+}
+
+void FakeDocument::Add(const Ref<IMap>& map) { maps.push_back(map.As<FakeMap>()); }
+
+void FakeDocument::Remove(const Ref<IMap>& map) {
+  const auto at =
+      std::find_if(maps.begin(), maps.end(), [&](const auto& it) { return Same(it, map); });
+  if (at == maps.end()) Raise(failure::kInvalidCall);
+  const auto index = static_cast<std::size_t>(at - maps.begin());
+  maps.erase(at);
+  if (focus > index || focus >= maps.size()) focus = focus == 0 ? 0 : focus - 1;
+}
+
+Ref<ITableWindow> FakeTableWindow::Find(const Ref<IObject>& wanted) {
+  for (const auto& window : *all_) {
+    if (window->open && Same(window->item, wanted)) return window;
+  }
+  return {};
+}
+
+Ref<ITableWindow> FakeTableWindow::FindViaFeatureLayer(const Ref<IFeatureLayer>& layer, bool) {
+  return Find(layer);
+}
+
+Ref<ITableWindow> FakeTableWindow::FindViaStandaloneTable(const Ref<IStandaloneTable>& table,
+                                                          bool) {
+  return Find(table);
+}
+
+void FakeTableWindow::SetTableSelectionAction(std::int32_t action) {
+  settings.push_back("action " + std::to_string(action));
+}
+
+void FakeTableWindow::SetLayerDisplay(bool flag) {
+  settings.push_back(flag ? "layer true" : "layer false");
+}
+
+void FakeTableWindow::SetTableDisplay(bool first, bool second) {
+  settings.push_back(std::string("table ") + (first ? "true " : "false ") +
+                     (second ? "true" : "false"));
+}
+
+}  // namespace brelmon::test

@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// A recording world in memory: services, one document, its maps, layers and tables.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "platform/collection.h"
+#include "tests/support/fake_map.h"
+#include "toolkit/controls.h"
+#include "toolkit/formhost.h"
+
+namespace brelmon::test {
+
+/// While it lives it is the process's services. Everything asked of it is in `log`, in order.
+class FakeWorld {
+  struct Impl;
+  std::unique_ptr<Impl> impl_;
+
+ public:
+  FakeWorld();
+  ~FakeWorld();
+
+  struct Box {
+    Text text;
+    int style;
+    Text title;
+  };
+  struct Executed {
+    Text file, directory;
+  };
+
+  // The open document. `path` is the last of the templates.
+  Ref<FakeDocument> document;
+  Ref<IApplication> application;
+  Text path = u"C:\\Module\\map.qgs";
+  Ref<FakeMap> map;  // the focus map at the start, "Layers"
+
+  // What happened.
+  Log& log;
+  std::vector<Box> boxes;
+  std::vector<Text> trails;  // every text that the error dialog was shown with
+  Text clipboard;
+  std::vector<Text> printed;
+  bool printerMissing = false;
+  std::vector<Executed> executed;
+  std::vector<Text> ran;
+  std::vector<Ref<IModelessFrame>> frames;
+  std::vector<Ref<FakeTableWindow>> tableWindows;
+  Pointer pointer = Pointer::Default;
+
+  // What will happen.
+  std::deque<int> answers;                           // of message boxes; then OK or No
+  std::map<Text, std::string> files;                 // bytes by path, any case
+  std::map<Text, Value> registry;                    // "CU\\key\\name" or "LM\\..."
+  std::map<Text, std::function<void(Form&)>> users;  // by form name; none fails
+  std::deque<std::vector<Text>> browsed;             // answers of catalog dialogs; {} cancels
+  std::map<Text, Ref<ILayer>> layerFiles;            // by path, any case
+  Ref<IBasicGeoprocessor> geoprocessor;              // none fails with 445
+  Ref<ISummarizeDialog> summarizeDialog;
+  std::map<Text, Ref<ICommandItem>> hostCommands;  // by identifier
+  Text userName = u"student";
+  Text tempPath = u"C:\\Temp\\";
+  Date now;
+
+  /// Value of a registry entry, as the tools read it.
+  void SetRegistry(const Text& rootKeyName, Value value) { registry[rootKeyName] = value; }
+  std::string* FileAt(const Text& filePath);
+  bool HasFolder(const Text& folder) const;  // some file lies in it
+
+ private:
+  Services before_;
+};
+
+/// The only trail's text, or all of them joined; empty if none was shown.
+std::string Trails(const FakeWorld& world);
+
+}  // namespace brelmon::test
