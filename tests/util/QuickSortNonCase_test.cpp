@@ -1,0 +1,159 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// The sorters' results, on orders that are hard for a middle pivot as well, and their bounds.
+#include "util/QuickSortNonCase.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <limits>
+#include <numeric>
+#include <random>
+
+#include "tests/util/guarded_world.h"
+
+namespace brelmon {
+namespace {
+
+using Longs = std::vector<std::int32_t>;
+
+template <class T>
+std::int32_t Last(const std::vector<T>& values) {
+  return static_cast<std::int32_t>(values.size()) - 1;
+}
+
+/// Puts the largest element of what is left into the middle at every split.
+Longs MiddleKiller(std::int32_t count) {
+  Longs slots(static_cast<std::size_t>(count));
+  std::iota(slots.begin(), slots.end(), 0);
+  Longs values(slots.size());
+  for (std::int32_t high = count - 1; high >= 0; --high) {
+    std::int32_t middle = high / 2;
+    if (high % 2 == 1 && middle % 2 == 1) ++middle;  // ties to even
+    std::swap(slots[static_cast<std::size_t>(middle)], slots[static_cast<std::size_t>(high)]);
+    values[static_cast<std::size_t>(slots[static_cast<std::size_t>(high)])] = high;
+  }
+  return values;
+}
+
+Longs Ordered(std::int32_t count, std::int32_t (*valueAt)(std::int32_t, std::int32_t)) {
+  Longs values;
+  for (std::int32_t at = 0; at < count; ++at) values.push_back(valueAt(at, count));
+  return values;
+}
+
+TEST(LongAscending, SortsEveryOrder) {
+  std::mt19937 random(7);
+  Longs shuffled = Ordered(100000, [](std::int32_t at, std::int32_t) { return at - 50000; });
+  std::ranges::shuffle(shuffled, random);
+  const Longs orders[] = {
+      {5},
+      {2, 1},
+      {std::numeric_limits<std::int32_t>::max(), 0, std::numeric_limits<std::int32_t>::min()},
+      Ordered(100001, [](std::int32_t at, std::int32_t) { return at; }),
+      Ordered(100000, [](std::int32_t at, std::int32_t count) { return count - at; }),
+      Ordered(100000, [](std::int32_t, std::int32_t) { return 3; }),
+      Ordered(100000, [](std::int32_t at, std::int32_t) { return at % 2; }),
+      Ordered(100000, [](std::int32_t at, std::int32_t count) { return std::min(at, count - at); }),
+      shuffled,
+      MiddleKiller(200000),  // at one element a split this would not end
+  };
+  for (const Longs& order : orders) {
+    Longs values = order;
+    Longs expected = order;
+    std::ranges::sort(expected);
+    LongAscending(values, 0, Last(values));
+    EXPECT_TRUE(values == expected) << order.size();
+  }
+}
+
+TEST(LongAscending, LeavesTheRestAlone) {
+  Longs values = {9, 8, 7, 6, 5, 4};
+  LongAscending(values, 1, 4);
+  EXPECT_EQ(values, (Longs{9, 5, 6, 7, 8, 4}));
+  LongAscending(values, 3, 3);
+  LongAscending(values, 4, 1);
+  EXPECT_EQ(values, (Longs{9, 5, 6, 7, 8, 4}));
+}
+
+TEST(LongAscending, FailsOutOfBounds) {
+  const struct {
+    Longs values;
+    std::int32_t low, high;
+  } rows[] = {{{}, 0, -1},       {{}, 0, 0},
+              {{3, 2, 1}, 0, 3}, {{3, 2}, -1, 1},
+              {{3, 2}, 2, 2},    {{3, 2}, 0, std::numeric_limits<std::int32_t>::max()}};
+  for (const auto& row : rows) {
+    test::GuardedWorld world;
+    Longs values = row.values;
+    LongAscending(values, row.low, row.high);
+    EXPECT_EQ(values, row.values);
+    EXPECT_NE(test::Trails(world).find("LongAscending src/util/QuickSortNonCase.cpp"),
+              std::string::npos);
+    EXPECT_NE(test::Trails(world).find("Subscript out of range"), std::string::npos);
+  }
+}
+
+TEST(DoubleAscending, SortsAndStaysInRangeWithNaN) {
+  std::vector<double> values = {2.5, -1e300, 0.0, 1e-300, -2.5};
+  DoubleAscending(values, 0, Last(values));
+  EXPECT_EQ(values, (std::vector<double>{-1e300, -2.5, 0.0, 1e-300, 2.5}));
+
+  std::mt19937 random(11);
+  const double nan = std::numeric_limits<double>::quiet_NaN();
+  for (int round = 0; round < 200; ++round) {
+    std::vector<double> mixed(1 + random() % 300);
+    for (double& value : mixed) value = random() % 3 == 0 ? nan : random() % 100;
+    const auto count = std::ranges::count_if(mixed, [](double value) { return value != value; });
+    const double total = std::accumulate(
+        mixed.begin(), mixed.end(), 0.0,
+        [](double sum, double value) { return value != value ? sum : sum + value; });
+    DoubleAscending(mixed, 0, Last(mixed));
+    EXPECT_EQ(std::ranges::count_if(mixed, [](double value) { return value != value; }), count);
+    std::erase_if(mixed, [](double value) { return value != value; });
+    EXPECT_EQ(std::accumulate(mixed.begin(), mixed.end(), 0.0), total);
+  }
+}
+
+TEST(StringsAscending, TakesNoNoticeOfCase) {
+  std::vector<Text> values = {u"b", u"A", u"a", u"B"};
+  StringsAscending(values, 0, 3);
+  EXPECT_TRUE(EqualNoCase(values[0] + values[1] + values[2] + values[3], u"aabb"));
+  EXPECT_NE(values[0], values[1]);
+  EXPECT_NE(values[2], values[3]);
+
+  std::vector<Text> names = {u"zebra",   u"\u00C4", u"Zeb", u"_x", u"",
+                             u"\u00E4b", u"Z",      u"10",  u"9"};
+  StringsAscending(names, 0, Last(names));
+  EXPECT_EQ(names, (std::vector<Text>{u"", u"10", u"9", u"_x", u"Z", u"Zeb", u"zebra", u"\u00C4",
+                                      u"\u00E4b"}));
+}
+
+TEST(DatesAscending, ComparesDays) {
+  std::vector<Date> values = {{40000.9}, {39999.2}, {40000.1}, {-3.5}, {0}};
+  DatesAscending(values, 0, Last(values));
+  std::vector<std::int32_t> days;
+  for (const Date date : values) days.push_back(DateToJulian(date));
+  EXPECT_EQ(days, (std::vector<std::int32_t>{-3, 0, 39999, 40000, 40000}));
+  EXPECT_DOUBLE_EQ(values[3].Serial + values[4].Serial, 80001);
+}
+
+TEST(DateToJulian, DropsTheTimeOfDay) {
+  EXPECT_EQ(DateToJulian({36526.99}), 36526);
+  EXPECT_EQ(DateToJulian({-1.25}), -1);
+  EXPECT_EQ(DateToJulian({36526.9999999}), 36527);  // its text form is the next midnight
+}
+
+TEST(DatesAscending, ShowsADateOutsideTheCalendar) {
+  test::GuardedWorld world;
+  std::vector<Date> values = {{2}, {1e9}, {1}};
+  DatesAscending(values, 0, 2);
+  EXPECT_EQ(values, (std::vector<Date>{{2}, {1e9}, {1}}));
+  const std::string trail = test::Trails(world);
+  EXPECT_LT(trail.find("DatesAscending"), trail.find("DateToJulian"));
+  EXPECT_NE(trail.find("DateToJulian"), std::string::npos);
+  DatesAscending(values, 2, 2);
+  EXPECT_EQ(world.trails.size(), 1u);
+}
+
+}  // namespace
+}  // namespace brelmon
