@@ -1,0 +1,45 @@
+# SPDX-License-Identifier: GPL-2.0-or-later
+# Shared by the scripts: sourced, not run. What is needed is installed, configured and built here.
+# shellcheck shell=bash disable=SC2034  # the lists are for those who source this
+set -euo pipefail
+top=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+build=$top/build/release
+
+build_packages=(cmake ninja-build g++ pkg-config libicu-dev libgdal-dev libpugixml-dev
+  libreadline-dev libcli11-dev)
+qgis_packages=(qgis qgis-providers libqgis-dev qtbase5-dev libqt5svg5-dev)
+test_packages=(libgtest-dev python3 xvfb xauth xdotool openbox imagemagick x11-utils)
+
+# install_missing PACKAGE...: as root or through sudo; says what is missing otherwise.
+install_missing() {
+  local package missing=() as=()
+  for package in "$@"; do
+    dpkg-query -W -f='${Status}\n' "$package" 2>/dev/null | grep -q 'ok installed' ||
+      missing+=("$package")
+  done
+  [ ${#missing[@]} -eq 0 ] && return
+  if [ "$(id -u)" -ne 0 ]; then
+    if ! sudo -n true 2>/dev/null; then
+      echo "${0##*/}: these Debian packages are missing: ${missing[*]}" >&2
+      echo "Install them as root: apt-get install --no-install-recommends ${missing[*]}" >&2
+      exit 1
+    fi
+    as=(sudo -n)
+  fi
+  echo "Installing ${missing[*]}" >&2
+  "${as[@]}" apt-get -qq update >&2
+  "${as[@]}" env DEBIAN_FRONTEND=noninteractive \
+    apt-get -qq install -y --no-install-recommends "${missing[@]}" >&2
+}
+
+# configure OPTION...: the release build.
+configure() {
+  cmake -S "$top" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release "$@" >&2
+}
+
+# build_targets TARGET...: all of them without one.
+build_targets() {
+  local target options=()
+  for target in "$@"; do options+=(--target "$target"); done
+  cmake --build "$build" -j "$(nproc)" "${options[@]}" >&2
+}
