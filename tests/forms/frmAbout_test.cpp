@@ -84,7 +84,6 @@ TEST(About, SystemInformationFollowsTheRegistry) {
   world.registry[kPathKey] = u"";  // counts as found, and can't be run
   about->cmdSysInfo.UserClick();
   EXPECT_EQ(world.trails.size(), 1u);
-  ErrorHandling::Reset();
 }
 
 TEST(About, RegistryValuesByType) {

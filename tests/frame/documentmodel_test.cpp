@@ -17,7 +17,6 @@ using test::FakeWorld;
 
 class EnabledRules : public ::testing::Test {
  protected:
-  ~EnabledRules() override { ErrorHandling::Reset(); }
 
   /// The rules that hold now, one letter each, in the order of the enumeration.
   std::string Holding() {
@@ -151,7 +150,6 @@ TEST(Commands, OnCreateKeepsApplicationAndDocument) {
   EXPECT_TRUE(command.Enabled());
   command.OnCreate(world.document);  // no application
   EXPECT_NE(Trails(world).find("\t13\r\n"), std::string::npos);
-  ErrorHandling::Reset();
 }
 
 TEST(Commands, AnUnguardedCommandLetsItsFailureOut) {

@@ -48,7 +48,6 @@ TEST(ErrorTrail, ChainShowsTopFirstAndOneBlock) {
   EXPECT_NE(ToUtf8(world.trails[1]).find("\tA src/x/y.cpp \r\n\r\nError Number \r\n\t9\r\n"),
             std::string::npos);
   EXPECT_EQ(std::count(world.log.begin(), world.log.end(), "NewErrorDialog"), 1);
-  ErrorHandling::Reset();
 }
 
 TEST(ErrorTrail, NumberAndSourceSurviveEachLevel) {
@@ -63,7 +62,6 @@ TEST(ErrorTrail, NumberAndSourceSurviveEachLevel) {
   }
   EXPECT_TRUE(ErrorHandling::TrailInProgress());
   EXPECT_TRUE(world.trails.empty());
-  ErrorHandling::Reset();
 }
 
 TEST(ErrorTrail, OtherModesUseTheMessageBox) {
@@ -109,7 +107,6 @@ TEST(Guard, WhateverIsThrownBecomesAFailureAndTheDefaultResult) {
   }
   EXPECT_EQ(Guard::Ignore([] { Raise(53); }), 53);
   EXPECT_EQ(Guard::Ignore([] {}), 0);
-  ErrorHandling::Reset();
 }
 
 TEST(Guard, OneNumberIsAnsweredAndTheRestGoesToTheTrail) {
@@ -125,7 +122,6 @@ TEST(Guard, OneNumberIsAnsweredAndTheRestGoesToTheTrail) {
   run(91);
   EXPECT_EQ(refused, 1);
   EXPECT_EQ(world.trails.size(), 1u);
-  ErrorHandling::Reset();
 }
 
 TEST(Guard, TheModuleIsNamedFromTheRepositorysRoot) {
@@ -133,7 +129,6 @@ TEST(Guard, TheModuleIsNamedFromTheRepositorysRoot) {
   Guard::Top(u"P", [] { Raise(5); });
   EXPECT_NE(Trails(world).find("\tP tests/frame/errorhandling_test.cpp Line : "),
             std::string::npos);
-  ErrorHandling::Reset();
 }
 
 }  // namespace

@@ -4,6 +4,10 @@
 
 #include <algorithm>
 
+#include "frame/errorhandling.h"
+
+#include "frame/errorhandling.h"
+
 namespace brelmon::test {
 namespace {
 
@@ -412,7 +416,10 @@ FakeWorld::FakeWorld()
   now = ToDate(CivilTime{2026, 11, 16, 14, 15, 7});
 }
 
-FakeWorld::~FakeWorld() { SetServices(before_); }
+FakeWorld::~FakeWorld() {
+  ErrorHandling::Reset();  // its dialog is this world's
+  SetServices(before_);
+}
 
 std::string* FakeWorld::FileAt(const Text& filePath) {
   for (auto& [each, bytes] : files) {

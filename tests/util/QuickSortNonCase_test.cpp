@@ -9,7 +9,7 @@
 #include <numeric>
 #include <random>
 
-#include "tests/util/guarded_world.h"
+#include "tests/support/fake_world.h"
 
 namespace brelmon {
 namespace {
@@ -83,7 +83,7 @@ TEST(LongAscending, FailsOutOfBounds) {
               {{3, 2, 1}, 0, 3}, {{3, 2}, -1, 1},
               {{3, 2}, 2, 2},    {{3, 2}, 0, std::numeric_limits<std::int32_t>::max()}};
   for (const auto& row : rows) {
-    test::GuardedWorld world;
+    test::FakeWorld world;
     Longs values = row.values;
     LongAscending(values, row.low, row.high);
     EXPECT_EQ(values, row.values);
@@ -144,7 +144,7 @@ TEST(DateToJulian, DropsTheTimeOfDay) {
 }
 
 TEST(DatesAscending, ShowsADateOutsideTheCalendar) {
-  test::GuardedWorld world;
+  test::FakeWorld world;
   std::vector<Date> values = {{2}, {1e9}, {1}};
   DatesAscending(values, 0, 2);
   EXPECT_EQ(values, (std::vector<Date>{{2}, {1e9}, {1}}));

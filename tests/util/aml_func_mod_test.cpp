@@ -4,12 +4,12 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/util/guarded_world.h"
+#include "tests/support/fake_world.h"
 
 namespace brelmon {
 namespace {
 
-using test::GuardedWorld;
+using test::FakeWorld;
 using test::Trails;
 
 std::string Joined(const std::vector<Text>& tokens) {
@@ -89,7 +89,7 @@ TEST(InsertCommas, CountsAMinusSignAsADigit) {
               {Value(), ""},
               {u"1,,234", "1,,,234"}};
   for (const auto& row : rows) EXPECT_EQ(ToUtf8(InsertCommas(row.number)), row.text);
-  GuardedWorld world;
+  FakeWorld world;
   EXPECT_EQ(InsertCommas(Null()), u"");
   EXPECT_NE(Trails(world).find("InsertCommas src/util/aml_func_mod.cpp"), std::string::npos);
 }
@@ -125,7 +125,7 @@ TEST(ParseString, SplitsRowByRow) {
 }
 
 TEST(ParseString, LeavesNothingOfBlanksAndDelimiters) {
-  GuardedWorld world;
+  FakeWorld world;
   for (const TextView text : {u"", u"   ", u"\\", u" \\ \\\\ "}) {
     std::vector<Text> tokens = {u"old"};
     ParseString(text, tokens, u'\\');
@@ -158,7 +158,7 @@ TEST(Paths, SplitIntoFolderAndName) {
 }
 
 TEST(Paths, ExistAndAreMadeUnique) {
-  GuardedWorld world;
+  FakeWorld world;
   for (const TextView path : {u"C:\\d\\x.txt", u"C:\\d\\y.txt", u"C:\\d\\y_2.txt",
                               u"C:\\d\\x.shape", u"C:\\d\\n", u"C:\\d\\a.b.dbf", u"C:\\v.1\\n"}) {
     world.files[Text(path)] = "";
@@ -180,7 +180,7 @@ TEST(Paths, ExistAndAreMadeUnique) {
 }
 
 TEST(Surroundings, ComeFromTheServices) {
-  GuardedWorld world;
+  FakeWorld world;
   EXPECT_EQ(GetFullFileString(u"C:\\PROGRA~1"), u"C:\\PROGRA~1");
   EXPECT_EQ(TempPathLocation(), u"C:\\Temp\\");
   world.tempPath = Text(u"T:\\\0junk", 8);
@@ -194,7 +194,7 @@ TEST(Surroundings, ComeFromTheServices) {
 }
 
 TEST(ReturnArcGISGeneralDir, GivesAFolderOrASentence) {
-  GuardedWorld world;
+  FakeWorld world;
   const char* what[] = {"Last Browsed To", "Last Exported To", "Last", "Last Saved To", "Install"};
   for (std::int32_t code = 0; code < 5; ++code) {
     EXPECT_EQ(ToUtf8(ReturnArcGISGeneralDir(code)),
@@ -226,7 +226,7 @@ class FieldOf : public IField {
 
 TEST(FieldIsNumeric, HoldsForTheFirstFourTypes) {
   for (int type = 0; type < 12; ++type) EXPECT_EQ(FieldIsNumeric(New<FieldOf>(type)), type < 4);
-  GuardedWorld world;
+  FakeWorld world;
   EXPECT_FALSE(FieldIsNumeric({}));
   EXPECT_NE(Trails(world).find("FieldIsNumeric"), std::string::npos);
 }

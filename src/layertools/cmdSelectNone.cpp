@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// Clears the selections of the whole focus map, whatever is active.
+#include "layertools/cmdSelectNone.h"
+
+#include "layertools/selectactive.h"
+
+namespace brelmon {
+namespace {
+
+template <class Selection>
+void Clear(const Ref<Selection>& selection) {
+  selection->Clear();
+  selection->SelectionChanged();
+}
+
+void ClearLayers(const Ref<IMap>& map) {
+  const auto uid = FeatureLayerUID();
+  Ref<IEnumLayer> layers;
+  // A map without feature layers refuses to enumerate them, and may still hold tables.
+  if (Guard::Ignore([&] { layers = map->Layers(uid, true); }) != 0) return;
+  WalkLayers(layers, [](const Ref<ILayer>& layer) {
+    if (layer->Valid()) Clear(layer.As<IFeatureSelection>());
+    return true;
+  });
+}
+
+}  // namespace
+
+cmdSelectNone::cmdSelectNone() : BrelmonCommand(u"cmdSelectNone") {}
+
+void cmdSelectNone::OnClick() {
+  Guard::PlainBox([&] {
+    RedrawSelection(m_pMxDoc);
+    const auto map = m_pMxDoc->FocusMap();
+    ClearLayers(map);
+    WalkTables(map, [](const Ref<IStandaloneTable>& table) {
+      if (table->Valid()) Clear(table.As<ITableSelection>());
+      return true;
+    });
+    RedrawSelection(m_pMxDoc);
+  });
+}
+
+}  // namespace brelmon
