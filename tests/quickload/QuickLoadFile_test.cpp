@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// The grammar of QuickLoad.txt, its two ways of writing, and what a failed read leaves behind.
+#include "quickload/QuickLoadFile.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "frame/guard.h"
+#include "tests/quickload/clicks.h"
+
+namespace brelmon::test {
+namespace {
+
+/// Records as "tag|field|field", one a line; "!" and the number where reading failed.
+std::string Read(FakeWorld& world, const std::string& bytes) {
+  world.files[kQuickLoadPath] = bytes;
+  std::string told;
+  const auto number = Guard::Ignore([&] {
+    for (const auto& record : QuickLoadFile::Read(kQuickLoadPath)) {
+      told += ToUtf8(KindOf(record).Tag);
+      for (const Text& field : record.Fields) told += "|" + ToUtf8(field);
+      told += "\n";
+    }
+  });
+  if (number != 0) told = "!" + std::to_string(number);
+  textfile::CloseAll();
+  return told;
+}
+
+TEST(QuickLoadFileTest, Grammar) {
+  FakeWorld world;
+  const struct {
+    const char* what;
+    std::string bytes, records;
+  } rows[] = {
+      {"empty", "", ""},
+      {"notes only", "a note\r\n\r\nanother\r\n", ""},
+      {"three kinds in file order",
+       "<Query>\r\nBig\r\nPOP > 1\r\n<Bookmark>\r\nGulf\r\n-98.25\r\n17.5\r\n-80\r\n31\r\n"
+       "<Layer>\r\nRain\r\nlayers\\rain.qlr\r\n",
+       "<Query>|Big|POP > 1\n<Bookmark>|Gulf|-98.25|17.5|-80|31\n<Layer>|Rain|layers\\rain.qlr\n"},
+      {"notes between records", "note\r\n<Layer>\r\nA\r\nb\r\n\r\nnote\r\n<Layer>\r\nC\r\nd\r\n",
+       "<Layer>|A|b\n<Layer>|C|d\n"},
+      {"tag in the wrong case", "<layer>\r\nA\r\nb\r\n<Layer>\r\nC\r\nd\r\n", "<Layer>|C|d\n"},
+      {"tag with a blank behind", "<Layer> \r\nA\r\nb\r\n", ""},
+      {"tag with a blank before", " <Layer>\r\nA\r\nb\r\n", ""},
+      {"tag after a byte-order mark", "\xEF\xBB\xBF<Layer>\r\nA\r\nb\r\n", ""},
+      {"names that look like tags", "<Query>\r\n<Query>\r\n<Layer>\r\n", "<Query>|<Query>|<Layer>\n"},
+      {"blank name and blank query", "<Query>\r\n\r\n\r\n", "<Query>||\n"},
+      {"fields keep their blanks", "<Query>\r\n A \r\n\tb \r\n", "<Query>| A |\tb \n"},
+      {"lone carriage returns", "<Layer>\rA\rb\r<Query>\rC\rd", "<Layer>|A|b\n<Query>|C|d\n"},
+      {"line feeds only", "<Layer>\nA\nb\n", ""},
+      {"a line feed inside a field", "<Query>\r\nA\r\nb\nc\r\n", "<Query>|A|b\nc\n"},
+      {"no line end at the end", "<Layer>\r\nA\r\nb", "<Layer>|A|b\n"},
+      {"single bytes of the code page", "<Query>\r\nGr\xFC\xDF \x80\x81\r\n\x93q\x94\r\n",
+       "<Query>|Gr\u00FC\u00DF \u20AC\u0081|\u201Cq\u201D\n"},
+      {"tag at the very end", "<Layer>\r\n", "!62"},
+      {"layer cut short", "<Layer>\r\nA", "!62"},
+      {"bookmark cut short by nothing but one line", "<Bookmark>\r\nA\r\n1\r\n2\r\n3\r\n", "!62"},
+  };
+  for (const auto& row : rows) EXPECT_EQ(Read(world, row.bytes), row.records) << row.what;
+}
+
+TEST(QuickLoadFileTest, ReaderTellsLinesOfTagsAndOfWhatItSkips) {
+  FakeWorld world;
+  world.files[kQuickLoadPath] = "note\r\n<Layer>\r\nA\r\nb\r\n<query>\r\n<Query>\r\nC\r\nd\r\n";
+  textfile::Open(1, kQuickLoadPath, FileMode::Input);
+  std::string skipped;
+  QuickLoadReader reader(1, [&](const Text& line, std::int32_t number) {
+    skipped += std::to_string(number) + ToUtf8(line) + " ";
+  });
+  EXPECT_EQ(reader.Next()->Line, 2);
+  EXPECT_EQ(reader.Next()->Line, 6);
+  EXPECT_FALSE(reader.Next());
+  EXPECT_EQ(reader.Line(), 8);
+  EXPECT_EQ(skipped, "1note 5<query> ");
+}
+
+TEST(QuickLoadFileTest, FailedReadKeepsTheNumber) {
+  FakeWorld world;
+  world.files[kQuickLoadPath] = "<Layer>\r\nA";
+  EXPECT_EQ(Guard::Ignore([] { QuickLoadFile::Read(kQuickLoadPath); }), 62);
+  EXPECT_EQ(Guard::Ignore([] { QuickLoadFile::Read(kQuickLoadPath); }), 55);
+  EXPECT_EQ(Guard::Ignore([] { QuickLoadFile::Append(kQuickLoadPath, {}); }), 55);
+  EXPECT_EQ(*QuickLoadBytes(world), "<Layer>\r\nA");
+}
+
+TEST(QuickLoadFileTest, AppendDoesNotLookAtWhatIsThere) {
+  FakeWorld world;
+  using Kind = QuickLoadRecord::Kind;
+  QuickLoadFile::Append(kQuickLoadPath, {{Kind::Layer, {u"A", u"b"}}});
+  QuickLoadFile::Append(kQuickLoadPath, {{Kind::Query, {u"Q", u"1\r\n2"}}});
+  EXPECT_EQ(*QuickLoadBytes(world), "<Layer>\r\nA\r\nb\r\n<Query>\r\nQ\r\n1\r\n2\r\n");
+  // A last line without an end takes the tag.
+  *QuickLoadBytes(world) = "<Layer>\r\nA\r\nb";
+  QuickLoadFile::Append(kQuickLoadPath, {{Kind::Layer, {u"C", u"d"}}});
+  EXPECT_EQ(*QuickLoadBytes(world), "<Layer>\r\nA\r\nb<Layer>\r\nC\r\nd\r\n");
+}
+
+TEST(QuickLoadFileTest, AnyTextReadsOrFailsWithInputPastEnd) {
+  FakeWorld world;
+  std::mt19937 random(20261116);
+  const std::string pieces[] = {"<Layer>", "<Query>", "<Bookmark>", "<layer>", "\r\n", "\r\n",
+                                "\r",      "\n",      "a",          "1.5",     "\xFF", "\x81", ""};
+  for (int round = 0; round < 2000; ++round) {
+    std::string bytes;
+    for (auto left = random() % 40; left > 0; --left) {
+      bytes += pieces[random() % std::size(pieces)];
+      if (random() % 8 == 0) bytes += static_cast<char>(random() % 256);
+    }
+    world.files[kQuickLoadPath] = bytes;
+    std::vector<QuickLoadRecord> records;
+    const auto number = Guard::Ignore([&] { records = QuickLoadFile::Read(kQuickLoadPath); });
+    textfile::CloseAll();
+    ASSERT_TRUE(number == 0 || number == 62) << bytes;
+    if (number != 0) continue;
+    // What was read comes back from what is written.
+    QuickLoadFile::Rewrite(kQuickLoadPath, records);
+    const auto again = QuickLoadFile::Read(kQuickLoadPath);
+    ASSERT_EQ(again.size(), records.size()) << bytes;
+    for (std::size_t i = 0; i < again.size(); ++i) ASSERT_EQ(again[i].Fields, records[i].Fields);
+  }
+}
+
+}  // namespace
+}  // namespace brelmon::test
