@@ -1,0 +1,159 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// Fields, tokens, values and the count.
+#include "selection/mapitem.h"
+#include "tests/selection/queryworld.h"
+
+namespace brelmon::test {
+namespace {
+
+using Model = QueryDialogTest;
+
+TEST(FieldEnclosureTest, BySourceText) {
+  const struct {
+    const char16_t* source;
+    Text open, close;
+  } rows[] = {
+      {u"Personal Geodatabase Feature Class", u"[", u"]"},
+      {u"personal geodatabase feature class", u"[", u"]"},
+      {u"SDE Feature Class", u"", u""},
+      {u"Personal Geodatabase over SDE", u"[", u"]"},
+      {u"IMS Feature Class", u"", u""},
+      {u"sde feature class", u"\"", u"\""},
+      {u"ims", u"\"", u"\""},
+      {u"Shapefile Feature Class", u"\"", u"\""},
+      {u"", u"\"", u"\""},
+  };
+  for (const auto& row : rows) {
+    const auto [open, close] = EnclosureFor(row.source);
+    EXPECT_EQ(open, row.open) << ToUtf8(row.source);
+    EXPECT_EQ(close, row.close) << ToUtf8(row.source);
+  }
+}
+
+TEST_F(Model, ListsVisibleFieldsOfKnownTypesInTheirOrder) {
+  towns->dataSourceType = u"SDE Feature Class";
+  OpenOn(towns, [](brelmon_ModQueryDialog& dialog) {
+    EXPECT_EQ(Rows(dialog.lbxThemes), "Towns; Visits");
+    EXPECT_EQ(Rows(dialog.lbxFields), "FID; Population; NAME");
+    dialog.lbxFields.UserDoubleClick(1);  // the field's third place is the list's second
+    EXPECT_EQ(WithCaret(dialog.txtQuery), "( POP| )");
+  });
+}
+
+TEST_F(Model, ATableIsAskedThroughItsWorkspace) {
+  visits->sourceDescription = u"Personal Geodatabase";
+  OpenOn(visits, [](brelmon_ModQueryDialog& dialog) {
+    dialog.lbxFields.UserDoubleClick(1);
+    EXPECT_EQ(WithCaret(dialog.txtQuery), "( [WHO]| )");
+  });
+}
+
+TEST_F(Model, ValuesByTypeOfField) {
+  const Date noon = ToDate(CivilTime{2026, 11, 16, 12, 0, 0});
+  const Date earlier = ToDate(CivilTime{1999, 2, 3, 0, 0, 0});
+  const struct {
+    FieldType type;
+    std::vector<Value> values;
+    std::string shown;
+  } rows[] = {
+      {FieldType::String, {u"b", u"O'Brien", u"a", u"b", Null{}}, "'a'; 'b'; 'O'Brien'"},
+      {FieldType::SmallInteger, {10, 9, -3}, "-3; 9; 10"},
+      {FieldType::Integer, {100000, 20}, "20; 100000"},
+      {FieldType::OID, {12, 2}, "2; 12"},
+      {FieldType::Single, {2.5, -0.0, 10.0}, "0; 2.5; 10"},
+      {FieldType::Double, {1.0 / 3, 0.1 + 0.2, 1e15}, "0.3; 0.333333333333333; 1E+15"},
+      {FieldType::Date, {noon, earlier}, "2/3/1999; 11/16/2026 12:00:00 PM"},
+  };
+  for (const auto& row : rows) {
+    towns->fields = {{u"F", row.type}};
+    towns->rows.clear();
+    for (const Value& value : row.values) towns->rows.push_back({value});
+    towns->selected = {0};
+    OpenOn(towns, [&](brelmon_ModQueryDialog& dialog) {
+      EXPECT_FALSE(dialog.cmdUpdate.Enabled());
+      dialog.lbxFields.UserClick(0);
+      dialog.cmdUpdate.UserClick();
+      EXPECT_EQ(Rows(dialog.lbxValues), row.shown);
+    });
+  }
+  EXPECT_EQ(Trails(world), "");
+}
+
+TEST_F(Model, GatheringShowsItsProgress) {
+  OpenOn(towns, [&](brelmon_ModQueryDialog& dialog) {
+    dialog.lbxFields.UserClick(2);
+    world.log.clear();
+    dialog.cmdUpdate.UserClick();
+  });
+  const Log expected = {
+      "Pointer 11",         "Bar [Gathering values from field [NAME]] 1..1 by 1 one panel",
+      "Search [] keeping",  "Bar [Gathering values from field [NAME]] 1..3 by 1 one panel",
+      "Bar hidden after 3", "Pointer 0"};
+  EXPECT_EQ(world.log, expected);
+}
+
+TEST_F(Model, HourglassStaysWhereGatheringStopsShort) {
+  OpenOn(towns, [&](brelmon_ModQueryDialog& dialog) {
+    dialog.lbxFields.UserClick(2);
+    dialog.lbxFields.SetListIndex(-1);
+    dialog.cmdUpdate.UserClick();
+  });
+  EXPECT_EQ(world.pointer, Pointer::Hourglass);
+  EXPECT_EQ(Trails(world), "");
+
+  world.pointer = Pointer::Default;
+  towns->rows.clear();
+  OpenOn(towns, [&](brelmon_ModQueryDialog& dialog) {
+    dialog.lbxFields.UserClick(2);
+    dialog.cmdUpdate.UserClick();
+  });
+  EXPECT_EQ(world.pointer, Pointer::Hourglass);
+  EXPECT_NE(Trails(world).find("cmdUpdate_Click"), std::string::npos);
+  EXPECT_NE(Trails(world).find("\t9\r\n"), std::string::npos);
+}
+
+TEST_F(Model, CountFollowsTheOptionAndOtherWindows) {
+  towns->selected = {0, 1};
+  towns->definition = u"POP > 5";
+  OpenOn(towns, [&](brelmon_ModQueryDialog& dialog) {
+    EXPECT_EQ(ToUtf8(dialog.lblNumSelected.Caption()), "Number of features highlighted = 2");
+    EXPECT_EQ(ToUtf8(dialog.txtCurrentFilter.Text()), "POP > 5");
+    dialog.optFiltered.UserClick();
+    EXPECT_EQ(ToUtf8(dialog.lblNumSelected.Caption()), "Number of features displayed = 2");
+    dialog.optSelected.UserClick();
+    towns->selected = {0};
+    dialog.UserActivate();
+    EXPECT_EQ(ToUtf8(dialog.lblNumSelected.Caption()), "Number of features highlighted = 1");
+    towns->selected.clear();
+    dialog.Form::UserClick();
+    EXPECT_EQ(ToUtf8(dialog.lblNumSelected.Caption()), "Number of features highlighted = 0");
+  });
+}
+
+TEST_F(Model, AFailedCountIsToldWithBothItsProcedures) {
+  OpenOn(towns, [&](brelmon_ModQueryDialog& dialog) {
+    towns->offersSelection = false;
+    dialog.UserActivate();
+  });
+  const std::string trail = Trails(world);
+  const auto outer = trail.find("Form_Activate"), inner = trail.find("DisplayNumSelected");
+  ASSERT_NE(inner, std::string::npos);
+  EXPECT_LT(outer, inner);
+}
+
+TEST_F(Model, AnotherLayerKeepsTheQueryAndClearsTheRest) {
+  OpenOn(towns, [](brelmon_ModQueryDialog& dialog) {
+    dialog.lbxFields.UserDoubleClick(1);
+    dialog.cmdUpdate.UserClick();
+    dialog.lbxThemes.UserClick(1);
+    EXPECT_EQ(ToUtf8(dialog.txtQuery.Text()), "( \"POP\" )");
+    EXPECT_EQ(Rows(dialog.lbxFields), "OID; WHO");
+    EXPECT_EQ(dialog.lbxValues.ListCount(), 0);
+    EXPECT_FALSE(dialog.cmdUpdate.Enabled());
+    EXPECT_TRUE(dialog.txtQuery.HasFocus());
+    EXPECT_EQ(ToUtf8(dialog.txtCurrentFilter.Text()), "- No Filter Definition Specified -");
+  });
+}
+
+}  // namespace
+}  // namespace brelmon::test

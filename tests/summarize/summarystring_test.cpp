@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// The terms that the dissolve is asked for.
+#include "summarize/summarystring.h"
+
+#include <gtest/gtest.h>
+
+namespace brelmon::test {
+namespace {
+
+TEST(SummaryStringTest, ByTickedStatistics) {
+  const struct {
+    std::vector<SummaryTerm> terms;
+    std::string expected;
+  } rows[] = {
+      {{}, "Minimum.NET, Count.NET"},
+      {{{u"Sum", u"POP"}}, "Minimum.NET, Count.NET, Sum.POP"},
+      {{{u"First", u"NAME"}, {u"Last", u"WHEN_"}},
+       "Minimum.NET, Count.NET, Minimum.NAME, Maximum.WHEN_"},
+      {{{u"Minimum", u"A"},
+        {u"Maximum", u"A"},
+        {u"Average", u"A"},
+        {u"Sum", u"A"},
+        {u"Standard Deviation", u"A"},
+        {u"Variance", u"A"}},
+       "Minimum.NET, Count.NET, Minimum.A, Maximum.A, Average.A, Sum.A, StdDev.A, Variance.A"},
+  };
+  for (const auto& row : rows) EXPECT_EQ(ToUtf8(SummaryString(u"NET", row.terms)), row.expected);
+}
+
+}  // namespace
+}  // namespace brelmon::test
