@@ -2,6 +2,7 @@
 // What all controls share: properties, focus, accessible names.
 #include "toolkit/control.h"
 
+#include "toolkit/controls.h"
 #include "toolkit/form.h"
 
 namespace brelmon {
@@ -22,6 +23,17 @@ Text Spoken(const Text& caption) {
   spoken = Trim(spoken);
   if (!spoken.empty() && spoken.back() == u':') spoken.pop_back();
   return Trim(spoken);
+}
+
+/// What the picture on a control tells who can't see it.
+Text PictureWords(Control& control) {
+  Picture picture;
+  if (control.Kind() == ControlKind::CommandButton) {
+    picture = static_cast<CommandButton&>(control).Picture();
+  } else if (control.Kind() == ControlKind::PictureBox) {
+    picture = static_cast<PictureBox&>(control).Picture();
+  }
+  return picture ? picture->Description : Text();
 }
 
 }  // namespace
@@ -224,6 +236,7 @@ Text Control::AccessibleName() {
   }
   if (Text spoken = Spoken(at_.caption); !spoken.empty()) return spoken;
   if (Text spoken = Spoken(at_.tip); !spoken.empty()) return spoken;
+  if (Text spoken = PictureWords(*this); !spoken.empty()) return spoken;
   return name_;
 }
 

@@ -256,9 +256,13 @@ struct FakeWorld::Impl : IMessageBox,
     if (mode == FileMode::Output) bytes->clear();
     return std::make_unique<Stream>(*bytes, mode == FileMode::Input);
   }
+  /// In the case under which the file is kept.
   std::int32_t GetLongPathName(const Text& path, Text& buffer) override {
     buffer = path;
-    return static_cast<std::int32_t>(path.size());
+    for (const auto& [each, bytes] : world.files) {
+      if (EqualNoCase(each, path)) buffer = each;
+    }
+    return static_cast<std::int32_t>(buffer.size());
   }
   std::int32_t GetTempPath(Text& buffer) override {
     buffer = world.tempPath;

@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// The rules of media_list.txt.
+#pragma once
+
+#include "check/ModuleCheck.h"
+
+namespace brelmon {
+
+/// Runs under the module's services; takes file number 1 and gives it back.
+void CheckMediaList(const CheckedModule& module, const Text& directory,
+                    std::vector<Finding>& findings);
+
+}  // namespace brelmon

@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// Encodings told by their marks and their bytes; lines counted as an editor and as the tools do.
+#include "check/ModuleText.h"
+
+#include <algorithm>
+
+#include "platform/codepage.h"
+
+namespace brelmon {
+namespace {
+
+constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF", kLittleMark = "\xFF\xFE",
+                           kBigMark = "\xFE\xFF";
+constexpr std::size_t kChunk = 64 * 1024;
+
+/// Well-formed, and not ASCII alone.
+bool IsUtf8(std::string_view bytes) {
+  const bool ascii =
+      std::all_of(bytes.begin(), bytes.end(), [](unsigned char byte) { return byte < 0x80; });
+  return !ascii && ToUtf8(FromUtf8(bytes)) == bytes;
+}
+
+Text FromUtf16(std::string_view bytes, bool bigEndian) {
+  Text text;
+  for (std::size_t at = 0; at + 1 < bytes.size(); at += 2) {
+    const auto first = static_cast<unsigned char>(bytes[at]);
+    const auto second = static_cast<unsigned char>(bytes[at + 1]);
+    text += static_cast<char16_t>(bigEndian ? first << 8 | second : second << 8 | first);
+  }
+  return text;
+}
+
+}  // namespace
+
+ModuleText::ModuleText(std::string bytes) : bytes_(std::move(bytes)) {
+  const std::string_view all = bytes_;
+  if (all.starts_with(kUtf8Mark)) {
+    mark_ = kUtf8Mark.size();
+  } else if (all.starts_with(kLittleMark) || all.starts_with(kBigMark)) {
+    mark_ = kLittleMark.size();
+    encoding_ =
+        all.starts_with(kLittleMark) ? Encoding::Utf16LittleEndian : Encoding::Utf16BigEndian;
+    return;
+  }
+  if (IsUtf8(all.substr(mark_))) encoding_ = Encoding::Utf8;
+  onlyLineFeeds_ = all.find('\n') != all.npos && all.find('\r') == all.npos;
+
+  editorLines_.push_back(1);
+  for (std::size_t at = 0; at < all.size(); ++at) {
+    const bool carriageReturn = all[at] == '\r';
+    if (carriageReturn && at + 1 < all.size() && all[at + 1] == '\n') ++at;
+    if (!carriageReturn && all[at] != '\n') continue;
+    if (at + 1 < all.size()) ++lastLine_;
+    if (carriageReturn) editorLines_.push_back(lastLine_);
+  }
+}
+
+ModuleText ModuleText::Read(IFileSystem& files, const Text& path) {
+  const auto stream = files.Open(path, FileMode::Input);
+  if (!stream) Raise(failure::kPathFileAccess);
+  std::string bytes;
+  for (std::string chunk = stream->Read(kChunk); !chunk.empty(); chunk = stream->Read(kChunk)) {
+    bytes += chunk;
+  }
+  return ModuleText(std::move(bytes));
+}
+
+bool ModuleText::EndsInLineEnd() const {
+  return bytes_.empty() || bytes_.back() == '\r' || bytes_.back() == '\n';
+}
+
+std::int32_t ModuleText::EditorLine(std::int32_t line) const {
+  const auto at = static_cast<std::size_t>(std::max(line, 1)) - 1;
+  return editorLines_.empty() ? 1 : editorLines_[std::min(at, editorLines_.size() - 1)];
+}
+
+Text ModuleText::Meant(const Text& asRead) const {
+  std::string bytes = ToWindows1252(asRead);
+  if (mark_ != 0 && bytes.starts_with(kUtf8Mark)) bytes.erase(0, mark_);
+  return encoding_ == Encoding::Utf8 ? FromUtf8(bytes) : FromWindows1252(bytes);
+}
+
+Text ModuleText::Decoded() const {
+  const std::string_view bytes = std::string_view(bytes_).substr(mark_);
+  switch (encoding_) {
+    case Encoding::Utf8:
+      return FromUtf8(bytes);
+    case Encoding::Utf16LittleEndian:
+    case Encoding::Utf16BigEndian:
+      return FromUtf16(bytes, encoding_ == Encoding::Utf16BigEndian);
+    default:
+      return FromWindows1252(bytes);
+  }
+}
+
+std::optional<std::string> ModuleText::Repaired() const {
+  const Text text = Decoded();
+  if (!FitsWindows1252(text)) return {};
+  std::string repaired;
+  const std::string bytes = ToWindows1252(text);
+  for (std::size_t at = 0; at < bytes.size(); ++at) {
+    const bool carriageReturn = bytes[at] == '\r';
+    if (carriageReturn && at + 1 < bytes.size() && bytes[at + 1] == '\n') ++at;
+    if (carriageReturn || bytes[at] == '\n') {
+      repaired += "\r\n";
+    } else {
+      repaired += bytes[at];
+    }
+  }
+  if (!repaired.empty() && !repaired.ends_with("\r\n")) repaired += "\r\n";
+  return repaired;
+}
+
+Text ModuleText::Misfit(std::int32_t& line) const {
+  line = 1;
+  const Text text = Decoded();
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    const bool pair = (text[at] & 0xFC00) == 0xD800 && at + 1 < text.size();
+    const Text character = text.substr(at, pair ? 2 : 1);
+    if (!FitsWindows1252(character)) return character;
+    const bool followed = at + 1 < text.size() && text[at + 1] == u'\n';
+    if (text[at] == u'\n' || (text[at] == u'\r' && !followed)) ++line;
+  }
+  return {};
+}
+
+}  // namespace brelmon
