@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// Terms of a summary and the names of their columns.
+#pragma once
+
+#include "hosts/common/dissolve.h"
+
+namespace brelmon::host {
+
+enum class Statistic { Count, Minimum, Maximum, Average, Sum, Variance, StdDev };
+
+struct DissolveTerm {
+  Statistic Of;
+  std::size_t Field;   // index in the source's fields
+  std::string Column;  // at most ten bytes, unique regardless of case
+};
+
+/// Index of the field of that name, regardless of case; fails with 5.
+std::size_t FieldNamed(const std::vector<DissolveField>& fields, std::string_view name);
+
+/// Fails as Dissolve does.
+std::vector<DissolveTerm> ParseTerms(std::string_view summary,
+                                     const std::vector<DissolveField>& fields);
+
+}  // namespace brelmon::host

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// Boxes on a stream.
+#include "hosts/headless/console.h"
+
+namespace brelmon::headless {
+namespace {
+
+class ConsoleErrorDialog : public IErrorDialog {
+ public:
+  explicit ConsoleErrorDialog(ConsoleMessageBox& console) : console_(console) {}
+  void SetText(const Text& text) override { text_ = text; }
+  void SetVisible(bool visible) override {
+    if (!visible) return;
+    console_.CountErrorDialog();
+    console_.Stream() << ForStream(text_) << std::endl;
+  }
+
+ private:
+  ConsoleMessageBox& console_;
+  Text text_;
+};
+
+}  // namespace
+
+std::string ForStream(TextView text) {
+  std::string lines;
+  const std::string utf8 = ToUtf8(text);
+  for (std::size_t i = 0; i < utf8.size(); ++i) {
+    if (utf8[i] != '\r') {
+      lines += utf8[i];
+    } else if (i + 1 == utf8.size() || utf8[i + 1] != '\n') {
+      lines += '\n';
+    }
+  }
+  return lines;
+}
+
+int DefaultAnswer(int style) {
+  constexpr int kButtons = 7;
+  switch (style & kButtons) {
+    case box::kOkCancel:
+      return box::kAnswerCancel;
+    case box::kYesNo:
+      return box::kAnswerNo;
+    default:
+      return box::kAnswerOk;
+  }
+}
+
+int ConsoleMessageBox::Show(const Text& text, int style, const Text& title) {
+  ++shown_;
+  *out_ << '[' << ForStream(title) << "] " << ForStream(text) << std::endl;
+  return answer_ ? answer_(text, style, title) : DefaultAnswer(style);
+}
+
+void ConsoleMessageBox::Beep() { *out_ << '\a' << std::flush; }
+
+Ref<IErrorDialog> NewErrorDialog(ConsoleMessageBox& console) {
+  return New<ConsoleErrorDialog>(console);
+}
+
+}  // namespace brelmon::headless

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// Fields of a source as the platform's objects.
+#pragma once
+
+#include "hosts/headless/vectorsource.h"
+
+namespace brelmon::headless {
+
+Ref<IField> NewField(const SourceField& field);
+Ref<IFieldInfo> NewFieldInfo(Text alias, bool visible);
+Ref<IFields> NewFields(std::shared_ptr<VectorSource> source);
+
+/// The source's field at an index from 0; out of bounds fails with 9.
+const SourceField& FieldAt(const VectorSource& source, std::int32_t index);
+
+}  // namespace brelmon::headless

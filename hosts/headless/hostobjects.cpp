@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// One factory for the host's objects.
+#include "hosts/headless/hostobjects.h"
+
+#include "hosts/common/dissolve.h"
+#include "hosts/common/folderworkspace.h"
+#include "hosts/common/hostfailure.h"
+#include "hosts/common/objectlists.h"
+#include "hosts/common/uniquevalues.h"
+#include "hosts/headless/dissolverows.h"
+#include "hosts/headless/table.h"
+
+namespace brelmon::headless {
+namespace {
+
+/// Takes everything and refuses to be shown.
+class NoSummarizeDialog : public ISummarizeDialog {
+ public:
+  void SetApplication(const Ref<IApplication>&) override {}
+  void SetTable(const Ref<ITable>&) override {}
+  void SetField(const Ref<IField>& field) override { field_ = field->Name(); }
+  void SetFlag(bool) override {}
+  void DoModal(std::int32_t) override {
+    host::Fail(failure::kNotSupported,
+               "Summarize is a dialog of a desktop map; there is none without a screen (it would "
+               "have opened on the field " + ToUtf8(field_) + ").");
+  }
+
+ private:
+  Text field_;
+};
+
+class HostObjectsFactory : public IHostObjects {
+ public:
+  explicit HostObjectsFactory(ObjectSurroundings surroundings) : at_(std::move(surroundings)) {}
+  Ref<IErrorDialog> NewErrorDialog() override { return headless::NewErrorDialog(*at_.boxes); }
+  Ref<IModelessFrame> NewModelessFrame() override { return at_.modeless->NewFrame(); }
+  Ref<ITableWindow> NewTableWindow() override { return at_.tables->NewWindow(); }
+  Ref<IDataStatistics> NewDataStatistics() override { return host::NewDataStatistics(); }
+  Ref<IStandaloneTable> NewStandaloneTable() override { return headless::NewStandaloneTable(); }
+  Ref<IWorkspaceFactory> NewShapefileWorkspaceFactory() override {
+    return host::NewWorkspaceFactory(u"Shapefile");
+  }
+  Ref<IBasicGeoprocessor> NewBasicGeoprocessor() override {
+    return host::NewBasicGeoprocessor(NewDissolveRows, OpenTable);
+  }
+  Ref<IEnvelope> NewEnvelope() override { return host::NewEnvelope(); }
+  Ref<IGxDialog> NewGxDialog() override { return headless::NewGxDialog(at_.catalog); }
+  Ref<IGxLayer> NewGxLayer() override { return headless::NewGxLayer(); }
+  Ref<ISummarizeDialog> NewSummarizeDialog() override { return New<NoSummarizeDialog>(); }
+
+ private:
+  ObjectSurroundings at_;
+};
+
+}  // namespace
+
+std::unique_ptr<IHostObjects> NewHostObjects(ObjectSurroundings surroundings) {
+  return std::make_unique<HostObjectsFactory>(std::move(surroundings));
+}
+
+}  // namespace brelmon::headless

@@ -1,0 +1,202 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// Finding and reading map documents.
+#include "hosts/headless/project.h"
+
+#include <cpl_string.h>
+#include <cpl_vsi.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <memory>
+#include <pugixml.hpp>
+#include <stdexcept>
+
+#include "hosts/common/paths.h"
+
+namespace brelmon::headless {
+namespace {
+
+constexpr std::size_t kLargestFile = std::size_t{1} << 30;
+
+[[noreturn]] void Refuse(const std::string& file, const std::string& reason) {
+  throw std::runtime_error(file + ": " + reason);
+}
+
+bool HasExtension(const std::string& name, const std::string& extension) {
+  if (name.size() <= extension.size()) return false;
+  return EQUAL(name.c_str() + name.size() - extension.size(), extension.c_str());
+}
+
+bool IsMapDocument(const std::string& name) {
+  return HasExtension(name, ".qgs") || HasExtension(name, ".qgz");
+}
+
+std::string FolderOf(const std::string& file) {
+  return std::filesystem::path(file).parent_path().string();
+}
+
+/// The project inside an archive, or the file itself.
+std::string ReadablePath(const std::string& file) {
+  if (!HasExtension(file, ".qgz")) return file;
+  const std::string archive = "/vsizip/{" + file + "}";
+  const CPLStringList names(VSIReadDir(archive.c_str()), TRUE);
+  for (int i = 0; i < names.size(); ++i) {
+    if (HasExtension(names[i], ".qgs")) return archive + "/" + names[i];
+  }
+  Refuse(file, "it can't be opened as an archive, or holds no project file");
+}
+
+std::string ReadWhole(const std::string& file) {
+  GByte* data = nullptr;
+  vsi_l_offset size = 0;
+  if (VSIIngestFile(nullptr, ReadablePath(file).c_str(), &data, &size, kLargestFile) == 0) {
+    Refuse(file, "it can't be read");
+  }
+  const std::unique_ptr<GByte, decltype(&VSIFree)> owner(data, VSIFree);
+  return {reinterpret_cast<const char*>(data), static_cast<std::size_t>(size)};
+}
+
+void ParseXml(const std::string& file, pugi::xml_document& document) {
+  const std::string text = ReadWhole(file);
+  const pugi::xml_parse_result result = document.load_buffer(text.data(), text.size());
+  if (result) return;
+  const auto end = text.begin() + std::min<std::ptrdiff_t>(result.offset, std::ssize(text));
+  const auto line = 1 + std::count(text.begin(), end, '\n');
+  Refuse(file, "line " + std::to_string(line) + ": " + result.description());
+}
+
+std::string ReferenceSystem(const pugi::xml_node& parent) {
+  const pugi::xml_node system = parent.child("spatialrefsys");
+  const std::string authority = system.child_value("authid");
+  // Codes of a user's own mean nothing elsewhere.
+  if (!authority.empty() && authority.rfind("USER:", 0) != 0) return authority;
+  const std::string wkt = system.child_value("wkt");
+  return wkt.empty() ? system.child_value("proj4") : wkt;
+}
+
+LayerDefinition ReadLayer(const pugi::xml_node& xml) {
+  LayerDefinition layer;
+  layer.name = xml.child_value("layername");
+  layer.type = xml.attribute("type").as_string("vector");
+  layer.provider = xml.child_value("provider");
+  layer.encoding = xml.child("provider").attribute("encoding").as_string();
+  layer.dataSource = xml.child_value("datasource");
+  layer.subset = xml.child_value("subset");
+  layer.crs = ReferenceSystem(xml.child("srs"));
+  layer.hasGeometry = std::string(xml.attribute("geometry").as_string()) != "No geometry";
+  for (const pugi::xml_node& alias : xml.child("aliases").children("alias")) {
+    const std::string name = alias.attribute("name").as_string();
+    if (!name.empty()) layer.aliases[alias.attribute("field").as_string()] = name;
+  }
+  const pugi::xml_node columns = xml.child("attributetableconfig").child("columns");
+  for (const pugi::xml_node& column : columns.children("column")) {
+    const bool field = std::string(column.attribute("type").as_string("field")) == "field";
+    if (field && column.attribute("hidden").as_bool()) {
+      layer.hiddenFields.insert(column.attribute("name").as_string());
+    }
+  }
+  return layer;
+}
+
+/// Both forms that a custom property has been written in.
+bool IsMarkedAsDataFrame(const pugi::xml_node& group) {
+  const pugi::xml_node properties = group.child("customproperties");
+  const auto holds = [](const pugi::xml_node& parent, const char* tag, const char* nameOf) {
+    return std::any_of(parent.children(tag).begin(), parent.children(tag).end(),
+                       [&](const pugi::xml_node& entry) {
+                         return std::string(entry.attribute(nameOf).as_string()) ==
+                                    "brelmon/dataFrame" &&
+                                entry.attribute("value").as_bool();
+                       });
+  };
+  return holds(properties.child("Option"), "Option", "name") ||
+         holds(properties, "property", "key");
+}
+
+TreeNode ReadNode(const pugi::xml_node& xml) {
+  TreeNode node;
+  node.name = xml.attribute("name").as_string();
+  node.layerId = xml.attribute("id").as_string();
+  node.checked = std::string(xml.attribute("checked").as_string("Qt::Checked")) != "Qt::Unchecked";
+  node.expanded = xml.attribute("expanded").as_bool(true);
+  node.dataFrame = node.layerId.empty() && IsMarkedAsDataFrame(xml);
+  for (const pugi::xml_node& child : xml.children()) {
+    const std::string tag = child.name();
+    if (tag == "layer-tree-group" || tag == "layer-tree-layer") {
+      node.children.push_back(ReadNode(child));
+    }
+  }
+  return node;
+}
+
+std::optional<std::array<double, 4>> ReadExtent(const pugi::xml_node& canvas) {
+  const pugi::xml_node extent = canvas.child("extent");
+  if (!extent) return {};
+  std::array<double, 4> box{};
+  const std::array<const char*, 4> names = {"xmin", "ymin", "xmax", "ymax"};
+  for (std::size_t i = 0; i < 4; ++i) box[i] = extent.child(names[i]).text().as_double();
+  return box;
+}
+
+}  // namespace
+
+std::string FindMapDocument(const std::string& module) {
+  std::error_code error;
+  const std::string path = host::TrueCase(std::filesystem::absolute(module, error).string());
+  if (host::FileExists(path)) {
+    if (!IsMapDocument(path)) Refuse(module, "it is no map document (.qgs or .qgz)");
+    return path;
+  }
+  if (!host::FolderExists(path)) Refuse(module, "there is no such file or folder");
+  std::vector<std::string> found;
+  for (const auto& entry : std::filesystem::directory_iterator(path, error)) {
+    const std::string name = entry.path().filename().string();
+    if (IsMapDocument(name) && host::FileExists(entry.path().string())) found.push_back(name);
+  }
+  if (error) Refuse(module, "the folder can't be read");
+  if (found.empty()) Refuse(module, "the folder holds no map document (.qgs or .qgz)");
+  if (found.size() > 1) {
+    std::sort(found.begin(), found.end());
+    Refuse(module, "the folder holds several map documents (" + found[0] + ", " + found[1] +
+                       (found.size() > 2 ? ", ..." : "") + "); name one of them");
+  }
+  return path + "/" + found[0];
+}
+
+Project ReadProject(const std::string& file) {
+  pugi::xml_document document;
+  ParseXml(file, document);
+  const pugi::xml_node root = document.document_element();
+  const std::string tag = root.name();
+  if (tag != "qgis" && tag != "qlr") Refuse(file, "it is no QGIS file");
+  if (!root.child("layer-tree-group")) Refuse(file, "it has no layer tree");
+  Project project;
+  project.file = file;
+  project.folder = FolderOf(file);
+  project.root = ReadNode(root.child("layer-tree-group"));
+  for (const char* section : {"projectlayers", "maplayers"}) {
+    for (const pugi::xml_node& layer : root.child(section).children("maplayer")) {
+      project.layers[layer.child_value("id")] = ReadLayer(layer);
+    }
+  }
+  project.crs = ReferenceSystem(root.child("projectCrs"));
+  project.extent = ReadExtent(root.child("mapcanvas"));
+  if (project.crs.empty()) {
+    project.crs = ReferenceSystem(root.child("mapcanvas").child("destinationsrs"));
+  }
+  return project;
+}
+
+std::vector<TreeNode> DataFrames(const Project& project) {
+  std::vector<TreeNode> frames;
+  for (const TreeNode& node : project.root.children) {
+    if (node.dataFrame) frames.push_back(node);
+  }
+  if (frames.empty()) {
+    frames.push_back(project.root);
+    frames[0].name = "Layers";
+  }
+  return frames;
+}
+
+}  // namespace brelmon::headless

@@ -1,0 +1,220 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// One class for the rows of both kinds, and what each adds.
+#include "hosts/headless/table.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "hosts/common/folderworkspace.h"
+#include "hosts/common/hostfailure.h"
+#include "hosts/headless/fieldobjects.h"
+#include "hosts/headless/rows.h"
+#include "hosts/headless/shape.h"
+#include "hosts/headless/tableselection.h"
+#include "platform/workspace.h"
+
+namespace brelmon::headless {
+namespace {
+
+std::int32_t Count32(GIntBig count) {
+  if (count > std::numeric_limits<std::int32_t>::max()) host::Fail(failure::kOverflow);
+  return static_cast<std::int32_t>(count);
+}
+
+class Table : public IHostTable,
+              public ITable,
+              public ITableSelection,
+              public ITableFields,
+              public ITableDefinition,
+              public IClass,
+              public IDataset,
+              public RowSelection::Owner {
+ public:
+  explicit Table(TableSettings settings)
+      : settings_(std::move(settings)), selection_(std::make_shared<RowSelection>(*this)) {}
+  ~Table() override { selection_->OwnerIsGone(); }
+
+  const std::shared_ptr<VectorSource>& Source() override { return settings_.source; }
+  const OGRSpatialReference* ReferenceSystem() override {
+    if (settings_.crs) return settings_.crs.get();
+    return settings_.source ? settings_.source->ReferenceSystem() : nullptr;
+  }
+  void SetGone(bool gone) override { gone_ = gone; }
+
+  // Rows.
+  Ref<ICursor> Search(const Ref<IQueryFilter>& filter, bool recycling) override {
+    return NewCursor(Reached(), TriedClause(filter), filter ? filter->SubFields : Text(),
+                     recycling);
+  }
+  std::int32_t RowCount(const Ref<IQueryFilter>& filter) override {
+    VectorSource& source = *Reached();
+    const Text clause = TriedClause(filter);
+    const auto known = counts_.find(clause);
+    if (known != counts_.end()) return known->second;
+    if (counts_.size() >= kCountsKept) counts_.clear();
+    return counts_[clause] = Count32(CountRows(source, clause));
+  }
+  Text DefinitionExpression() override { return settings_.definition; }
+  void SetDefinitionExpression(const Text& expression) override {
+    TryClause(*Reached(), expression);
+    settings_.definition = expression;
+  }
+
+  // Selection.
+  Ref<ISelectionSet> SelectionSet() override {
+    if (gone_) Reached();
+    return IsReached() ? Ref<ISelectionSet>(selection_) : Ref<ISelectionSet>();
+  }
+  void SelectRows(const Ref<IQueryFilter>& filter, SelectionMethod method, bool justOne) override {
+    VectorSource& source = *Reached();
+    const GeometryPtr shape = ShapeOf(filter);
+    selection_->Combine(IdsOfRows(source, TriedClause(filter), shape.get(), justOne), method);
+  }
+  void Clear() override {
+    if (gone_) Reached();
+    selection_->Combine({}, SelectionMethod::New);
+  }
+  // The contents are looked at whenever they are asked for: nobody waits to be told.
+  void SelectionChanged() override {}
+
+  // Fields.
+  std::int32_t FieldCount() override {
+    if (gone_) Reached();
+    return settings_.source ? static_cast<std::int32_t>(settings_.source->Fields().size()) : 0;
+  }
+  Ref<IField> Field(std::int32_t index) override { return NewField(FieldAt(*Reached(), index)); }
+  Ref<IFieldInfo> FieldInfo(std::int32_t index) override {
+    const Text name = FieldAt(*Reached(), index).name;
+    const auto alias = settings_.aliases.find(name);
+    return NewFieldInfo(alias == settings_.aliases.end() ? name : alias->second,
+                        settings_.hiddenFields.count(name) == 0);
+  }
+  std::int32_t FindField(const Text& name) override { return Reached()->FindField(name); }
+  Ref<IFields> Fields() override { return NewFields(Reached()); }
+
+  // Dataset.
+  Ref<IWorkspace> Workspace() override {
+    const VectorSource& source = Bound();
+    return host::NewWorkspace(source.WorkspacePath(), source.Kind());
+  }
+  Ref<IObject> FullName() override {
+    const VectorSource& source = Bound();
+    return New<host::DatasetPath>(source.Address().path, source.TableName());
+  }
+
+  // For the selection.
+  Ref<ICursor> SearchSelected(const Ref<IQueryFilter>& filter, bool recycling,
+                              std::shared_ptr<const RowIds> ids) override {
+    return NewCursor(Reached(), TriedClause(filter), filter ? filter->SubFields : Text(), recycling,
+                     std::move(ids));
+  }
+
+ protected:
+  Text OwnName() const { return settings_.name; }
+  bool IsReached() const { return settings_.source && settings_.source->Valid() && !gone_; }
+
+  VectorSource& Bound() {
+    if (!settings_.source) host::Fail(failure::kObjectNotSet);
+    return *settings_.source;
+  }
+  /// The source for a data call.
+  const std::shared_ptr<VectorSource>& Reached() {
+    if (gone_) {
+      host::Fail(failure::kNoSuchObject,
+                 "\"" + ToUtf8(settings_.name) + "\" is no longer part of the map.");
+    }
+    if (!Bound().Valid()) Bound().Open();  // fails with the reason
+    return settings_.source;
+  }
+  void Bind(const Ref<ITable>& table) {
+    const Ref<IHostTable> other = table.As<IHostTable>();
+    if (!other) host::Fail(failure::kObjectNotSet);
+    settings_.source = other->Source();
+    settings_.name = settings_.source->TableName();
+  }
+
+ private:
+  static constexpr std::size_t kCountsKept = 16;
+
+  /// The filter and the definition together; the filter is tried by itself first.
+  Text TriedClause(const Ref<IQueryFilter>& filter) {
+    if (!filter || filter->WhereClause.empty()) return settings_.definition;
+    TryClause(*Reached(), filter->WhereClause);
+    return BothClauses(settings_.definition, filter->WhereClause);
+  }
+
+  /// The shape of a spatial filter in this table's reference system; null for other filters.
+  GeometryPtr ShapeOf(const Ref<IQueryFilter>& filter) {
+    const Ref<ISpatialFilter> spatial = filter.TryAs<ISpatialFilter>();
+    if (!spatial) return nullptr;
+    const VectorSource& source = *Reached();
+    if (!source.HasGeometry() || !EqualNoCase(spatial->GeometryField, source.GeometryField())) {
+      host::Fail(failure::kRefused, "The query was refused: there is no geometry field \"" +
+                                        ToUtf8(spatial->GeometryField) + "\".");
+    }
+    if (spatial->SpatialRel != 1) host::Fail(failure::kNotSupported);
+    const Ref<Shape> shape = spatial->Geometry.As<Shape>();
+    return shape->In(ReferenceSystem());
+  }
+
+  TableSettings settings_;
+  std::shared_ptr<RowSelection> selection_;
+  std::map<Text, std::int32_t> counts_;
+  bool gone_ = false;
+};
+
+class FeatureLayer : public Table,
+                     public ILayer,
+                     public IFeatureLayer,
+                     public IFeatureSelection,
+                     public ILayerFields {
+ public:
+  using Table::Table;
+  Text Name() override { return OwnName(); }
+  bool Valid() override { return IsReached(); }
+  Text DataSourceType() override { return Bound().Kind() + u" Feature Class"; }
+  void SelectFeatures(const Ref<IQueryFilter>& filter, SelectionMethod method,
+                      bool justOne) override {
+    SelectRows(filter, method, justOne);
+  }
+  void Clear() override { Table::Clear(); }
+  void SelectionChanged() override { Table::SelectionChanged(); }
+};
+
+class StandaloneTable : public Table,
+                        public IStandaloneTable,
+                        public std::enable_shared_from_this<StandaloneTable> {
+ public:
+  using brelmon::headless::Table::Table;
+  Text Name() override { return OwnName(); }
+  bool Valid() override { return IsReached(); }
+  Ref<ITable> Table() override {
+    return Source() ? Ref<ITable>(shared_from_this()) : Ref<ITable>();
+  }
+  void SetTable(const Ref<ITable>& table) override {
+    if (Source()) host::Fail(failure::kInvalidCall, "The table is bound already.");
+    Bind(table);
+  }
+};
+
+}  // namespace
+
+Ref<ILayer> NewFeatureLayer(TableSettings settings) {
+  return New<FeatureLayer>(std::move(settings));
+}
+
+Ref<IStandaloneTable> NewStandaloneTable(TableSettings settings) {
+  return New<StandaloneTable>(std::move(settings));
+}
+
+Ref<ITable> OpenTable(const std::string& systemPath) {
+  SourceAddress address;
+  address.path = systemPath;
+  TableSettings settings;
+  settings.source = std::make_shared<VectorSource>(address);
+  if (!settings.source->Valid()) settings.source->Open();  // fails with the reason
+  settings.name = settings.source->TableName();
+  return New<Table>(std::move(settings));
+}
+
+}  // namespace brelmon::headless

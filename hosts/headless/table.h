@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// Layers and tables of a map.
+#pragma once
+
+#include <map>
+#include <set>
+
+#include "hosts/headless/vectorsource.h"
+#include "platform/map.h"
+
+namespace brelmon::headless {
+
+struct TableSettings {
+  Text name;
+  std::shared_ptr<VectorSource> source;
+  Text definition;
+  std::map<Text, Text> aliases;  // by field name
+  std::set<Text> hiddenFields;
+  std::shared_ptr<const OGRSpatialReference> crs;  // null: the source's own
+};
+
+/// What every layer and table of this host offers beside the tools' interfaces.
+class IHostTable : public virtual IObject {
+ public:
+  virtual const std::shared_ptr<VectorSource>& Source() = 0;
+  /// The reference system of its shapes; null where it is unknown.
+  virtual const OGRSpatialReference* ReferenceSystem() = 0;
+  /// The map has let go of it: from now on its data calls fail.
+  virtual void SetGone(bool gone) = 0;
+};
+
+/// Offers all that IFeatureLayer tells of.
+Ref<ILayer> NewFeatureLayer(TableSettings settings);
+/// Offers all that IStandaloneTable tells of; Table() gives the object itself. Without a source it
+/// is bound to nothing until SetTable.
+Ref<IStandaloneTable> NewStandaloneTable(TableSettings settings = {});
+/// The table alone, to be bound to a standalone table. Fails with 53 where there is no data.
+Ref<ITable> OpenTable(const std::string& systemPath);
+
+}  // namespace brelmon::headless

@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// Data of all formats: types, values, addresses, what can't be reached.
+#include "platform/workspace.h"
+#include "tests/hosts/headless/module.h"
+
+namespace brelmon::headless {
+namespace {
+
+/// "NAME:TYPE " for each field, then the rows' values under it, "~" for a null.
+std::string Dump(const Ref<IObject>& table) {
+  std::string text;
+  const auto fields = table.As<ITableFields>();
+  for (std::int32_t i = 0; i < fields->FieldCount(); ++i) {
+    text += ToUtf8(fields->Field(i)->Name()) + ":" +
+            std::to_string(static_cast<int>(fields->Field(i)->Type())) + " ";
+  }
+  const Ref<ICursor> cursor = table.As<ITable>()->Search({}, true);
+  while (const Ref<IRowBuffer> row = cursor->NextRow()) {
+    text += "/";
+    for (std::int32_t i = 0; i < fields->FieldCount(); ++i) {
+      const Value value = row->Value(i);
+      text += " " + (value.IsNull() ? "~" : ToUtf8(value.ToText()));
+    }
+  }
+  return text;
+}
+
+class SourceTest : public testing::Test {
+ protected:
+  Module module;
+};
+
+TEST_F(SourceTest, Shapefile) {
+  MakeShapefile(module.Path("sites.shp"));
+  module.Open({{"s", "./sites.shp"}, {"other case", "SITES.Shp"}});
+  EXPECT_EQ(Dump(module.Layer(u"s")),
+            "N9:1 N10:3 N4_1:3 TXT:4 DAY:5 / 999999999 9999999999 1.5 b\xC3\xA4r 2/29/2020"
+            "/ -1 -2 -9.5 O'Brien 12/31/1999/ ~ ~ ~ ~ ~");
+  EXPECT_TRUE(module.Layer(u"other case")->Valid());
+  EXPECT_EQ(module.Layer(u"s").As<IFeatureLayer>()->DataSourceType(), u"Shapefile Feature Class");
+}
+
+TEST_F(SourceTest, GeoPackage) {
+  MakeGeoPackage(module.Path("g.gpkg"));
+  module.Open({{"g", "g.gpkg|layername=sites"}, {"no such table", "g.gpkg|layername=sights"}});
+  EXPECT_EQ(Dump(module.Layer(u"g")),
+            "fid:6 NAME:4 BIG:3 SMALL:0 WHEN:5 RATIO:2 "
+            "/ 1 north 5000000000 7 2/3/2020 4:06:00 AM 0.5"
+            "/ 2 south -1 -7 1/1/1950 ~/ 3 ~ ~ ~ ~ ~");
+  EXPECT_FALSE(module.Layer(u"no such table")->Valid());
+}
+
+TEST_F(SourceTest, GeoJson) {
+  module.Write("p.geojson",
+               R"({"type":"FeatureCollection","features":[
+      {"type":"Feature","geometry":{"type":"Point","coordinates":[1,2]},
+       "properties":{"n":1,"x":2.5,"s":"a","big":5000000000}},
+      {"type":"Feature","geometry":null,"properties":{"n":null,"x":3,"s":""}}]})");
+  module.Open({{"p", "./p.geojson"}});
+  EXPECT_EQ(Dump(module.Layer(u"p")), "n:1 x:3 s:4 big:3 / 1 2.5 a 5000000000/ ~ 3  ~");
+  EXPECT_EQ(module.Layer(u"p").As<IFeatureLayer>()->DataSourceType(), u"GeoJSON Feature Class");
+}
+
+TEST_F(SourceTest, DelimitedText) {
+  module.Write("p 1.csv", "lon;lat;name;n\n10;50;K\xF6ln;1\n20;60;;\n");
+  const LayerXml points = {"points", "file:./p%201.csv?type=csv&delimiter=;&xField=lon&yField=lat",
+                           "delimitedtext", "Point", "", "ISO-8859-1"};
+  const LayerXml rows = {"rows", "file://" + module.Path("p%201.csv") + "?type=csv&geomType=none",
+                         "delimitedtext", "No geometry", "", "ISO-8859-1"};
+  module.Open({points, rows, {"odd", "file:p%201.csv?delimiter=%23", "delimitedtext"}});
+  EXPECT_EQ(Dump(module.Layer(u"points")),
+            "lon:3 lat:3 name:4 n:1 / 10 50 K\xC3\xB6ln 1/ 20 60 ~ ~");
+  const auto filter = New<IQueryFilter>();
+  filter->WhereClause = u"\"name\" = 'K\u00F6ln'";
+  EXPECT_EQ(module.Layer(u"points").As<ITable>()->RowCount(filter), 1);
+  EXPECT_EQ(module.Table(u"rows")->Table()->RowCount({}), 2);
+  EXPECT_FALSE(module.Layer(u"odd")->Valid());
+  EXPECT_EQ(module.Layer(u"points").As<IFeatureLayer>()->DataSourceType(),
+            u"Delimited Text Feature Class");
+}
+
+TEST_F(SourceTest, CodePageOfTheProjectWins) {
+  MakeShapefile(module.Path("sites.shp"));
+  std::filesystem::remove(module.Path("sites.cpg"));
+  module.Open({{"latin", "sites.shp", "ogr", "Point", "", "ISO-8859-1"},
+               {"cyrillic", "sites.shp", "ogr", "Point", "", "CP1251"}});
+  EXPECT_NE(Dump(module.Layer(u"latin")).find("b\xC3\xA4r"), std::string::npos);
+  EXPECT_NE(Dump(module.Layer(u"cyrillic")).find("b\xD0\xB4r"), std::string::npos);
+}
+
+TEST_F(SourceTest, DeletedRowsAreNoRows) {
+  MakeShapefile(module.Path("sites.shp"));
+  std::fstream dbf(module.Path("sites.dbf"), std::ios::in | std::ios::out | std::ios::binary);
+  dbf.seekp(32 + 5 * 32 + 1);  // behind the head and five fields: the first row's mark
+  dbf.put('*');
+  dbf.close();
+  module.Open({{"s", "sites.shp"}});
+  EXPECT_EQ(module.Layer(u"s").As<ITable>()->RowCount({}), 2);
+  module.Layer(u"s").As<ITableSelection>()->SelectRows({}, SelectionMethod::New, false);
+  EXPECT_EQ(module.Layer(u"s").As<ITableSelection>()->SelectionSet()->Count(), 2);
+}
+
+TEST_F(SourceTest, WhatCannotBeReachedIsInvalidAndSaysWhy) {
+  MakeShapefile(module.Path("sites.shp"));
+  std::filesystem::copy(module.Path("sites.shp"), module.Path("bare.shp"));
+  std::filesystem::copy(module.Path("sites.shx"), module.Path("bare.shx"));
+  module.Write("half.gpkg", "SQLite format 3");
+  HeadlessHost& host = module.Open({{"gone", "gone.shp"},
+                                    {"no table", "bare.shp"},
+                                    {"half", "half.gpkg"},
+                                    {"bad filter", "sites.shp|subset=\"N9\" >"},
+                                    {"net", "url=x", "wfs"},
+                                    {"lost table", "gone.dbf", "ogr", "No geometry"}});
+  for (const TreeItem& item : HeadlessHost::ItemsOf(host.Document()->FocusMap())) {
+    const auto layer = item.object.TryAs<ILayer>();
+    SCOPED_TRACE(layer ? ToUtf8(layer->Name()) : "table");
+    EXPECT_FALSE(layer ? layer->Valid() : item.object.As<IStandaloneTable>()->Valid());
+    EXPECT_EQ(NumberOf([&] { item.object.As<ITable>()->Search({}, true); }), 53);
+    EXPECT_EQ(item.object.As<ITableFields>()->FieldCount(), 0);
+    EXPECT_FALSE(item.object.As<ITableSelection>()->SelectionSet());
+  }
+  EXPECT_EQ(module.Layer(u"gone").As<IFeatureLayer>()->DataSourceType(),
+            u"Shapefile Feature Class");
+}
+
+TEST_F(SourceTest, AliasesAndHiddenFields) {
+  MakeShapefile(module.Path("sites.shp"));
+  module.Open({{"s", "sites.shp|subset=\"N9\" = -1", "ogr", "Point",
+                "<aliases><alias field=\"N9\" name=\"Nine\" index=\"0\"/>"
+                "<alias field=\"TXT\" name=\"\" index=\"3\"/></aliases>"
+                "<attributetableconfig><columns><column type=\"field\" name=\"DAY\" hidden=\"1\"/>"
+                "<column type=\"actions\" hidden=\"1\"/></columns></attributetableconfig>"}});
+  const auto fields = module.Layer(u"s").As<ILayerFields>();
+  EXPECT_EQ(fields->FieldInfo(0)->Alias(), u"Nine");
+  EXPECT_EQ(fields->FieldInfo(3)->Alias(), u"TXT");
+  EXPECT_FALSE(fields->FieldInfo(4)->Visible());
+  EXPECT_TRUE(fields->FieldInfo(0)->Visible());
+  EXPECT_EQ(module.Layer(u"s").As<ITable>()->RowCount({}), 1);
+  EXPECT_EQ(module.Layer(u"s").As<ITableDefinition>()->DefinitionExpression(), u"\"N9\" = -1");
+}
+
+}  // namespace
+}  // namespace brelmon::headless

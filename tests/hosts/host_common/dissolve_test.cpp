@@ -1,0 +1,287 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// Summary tables: what is reckoned, how it is stored, what is refused.
+#include "hosts/common/dissolve.h"
+
+#include <gtest/gtest.h>
+#include <ogrsf_frmts.h>
+#include <sys/resource.h>
+
+#include <cmath>
+#include <csignal>
+#include <filesystem>
+#include <random>
+
+#include "hosts/common/dissolveterms.h"
+#include "hosts/common/folderworkspace.h"
+#include "platform/failure.h"
+#include "tests/support/fake_map.h"
+
+namespace brelmon::host::test {
+namespace {
+
+namespace fs = std::filesystem;
+using Kind = DissolveCell::Kind;
+
+DissolveCell Number(double value) { return {Kind::Number, value, {}}; }
+DissolveCell Day(double serial) { return {Kind::Date, serial, {}}; }
+DissolveCell Word(std::string_view text) { return {Kind::Text, 0, text}; }
+const DissolveCell kNull;
+
+/// Wide enough for the exact sum of many squares.
+__extension__ typedef __int128 Wide;
+
+class ListedRows : public IDissolveRows {
+ public:
+  std::vector<DissolveField> fields;
+  std::vector<std::vector<DissolveCell>> rows;
+  std::string encoding = "UTF-8";
+
+  const std::vector<DissolveField>& Fields() override { return fields; }
+  void Choose(const std::vector<std::size_t>& chosen) override { chosen_ = chosen; }
+  bool Next() override { return ++at_ <= rows.size(); }
+  DissolveCell Cell(std::size_t field) override {
+    EXPECT_NE(std::find(chosen_.begin(), chosen_.end(), field), chosen_.end());
+    return rows[at_ - 1][field];
+  }
+  std::string Encoding() override { return encoding; }
+
+ private:
+  std::vector<std::size_t> chosen_;
+  std::size_t at_ = 0;
+};
+
+class DissolveTest : public ::testing::Test {
+ protected:
+  DissolveTest() {
+    GDALAllRegister();
+    std::string pattern = (fs::temp_directory_path() / "dissolveXXXXXX").string();
+    folder = mkdtemp(pattern.data());
+  }
+  ~DissolveTest() override { fs::remove_all(folder); }
+
+  void Run(const Text& field, const Text& summary, const Text& name = u"out.dbf") {
+    table.reset(GDALDataset::Open(Dissolve(rows, field, summary, folder, name).c_str()));
+    ASSERT_TRUE(table);
+    layer = table->GetLayer(0);
+  }
+  /// The number that it fails with; the folder stays as it was.
+  std::int32_t Refusal(const Text& field, const Text& summary, const Text& name = u"out.dbf") {
+    const auto files = [&] { return std::distance(fs::directory_iterator(folder), {}); };
+    const auto before = files();
+    std::int32_t number = 0;
+    try {
+      Dissolve(rows, field, summary, folder, name);
+    } catch (const Failure& failed) {
+      number = failed.Number;
+    }
+    EXPECT_EQ(files(), before);
+    return number;
+  }
+  /// All of one column, "null" for nulls.
+  std::string Column(int column) {
+    std::string all;
+    layer->ResetReading();
+    for (auto& row : *layer) {
+      all += all.empty() ? "" : " ";
+      all += row->IsFieldSetAndNotNull(column) ? row->GetFieldAsString(column) : "null";
+    }
+    return all;
+  }
+  const OGRFieldDefn& Definition(int column) {
+    return *layer->GetLayerDefn()->GetFieldDefn(column);
+  }
+
+  std::string folder;
+  ListedRows rows;
+  GDALDatasetUniquePtr table;
+  OGRLayer* layer = nullptr;
+};
+
+TEST(DissolveTermsTest, ColumnsTellStatisticAndFieldInTenCharacters) {
+  const std::vector<DissolveField> fields = {{"NET"},
+                                             {"MAGNITUDE_A", FieldType::Double},
+                                             {"magnitude_b", FieldType::Double},
+                                             {"\u00D6\u00C4\u00DC\u00D6\u00C4", FieldType::Double}};
+  const auto terms = ParseTerms(
+      "Minimum.NET, Count.NET, Sum.MAGNITUDE_A, sum.Magnitude_B, StdDev.MAGNITUDE_A, "
+      "Average.\u00D6\u00C4\u00DC\u00D6\u00C4",
+      fields);
+  std::string names;
+  for (const auto& term : terms) names += term.Column + " ";
+  EXPECT_EQ(names, "Min_NET Cnt_NET Sum_MAGNIT Sum_magn_2 SD_MAGNITU Ave_\u00D6\u00C4\u00DC ");
+}
+
+TEST_F(DissolveTest, SumsAgreeWithExactArithmetic) {
+  rows.fields = {{"KEY", FieldType::Integer}, {"V", FieldType::Double}};
+  std::mt19937 random(7);
+  std::map<int, std::vector<std::int64_t>> cents;
+  for (int i = 0; i < 20000; ++i) {
+    const int key = static_cast<int>(random() % 7);
+    const auto cent = static_cast<std::int64_t>(random() % 2000000001) - 700000000;
+    cents[key].push_back(cent);
+    rows.rows.push_back({Number(key), Number(static_cast<double>(cent) / 100)});
+  }
+  Run(u"KEY", u"Count.KEY, Sum.V, Average.V, Variance.V, StdDev.V, Minimum.V, Maximum.V");
+  ASSERT_EQ(layer->GetFeatureCount(), 7);
+  for (auto& row : *layer) {
+    const auto& group = cents[static_cast<int>(row->GetFID())];
+    const auto n = static_cast<Wide>(group.size());
+    Wide sum = 0, squares = 0;
+    for (const std::int64_t cent : group) {
+      sum += cent;
+      squares += static_cast<Wide>(cent) * cent;
+    }
+    const long double variance = static_cast<long double>(n * squares - sum * sum) /
+                                 static_cast<long double>(n * (n - 1)) / 10000;
+    EXPECT_EQ(row->GetFieldAsInteger64(0), static_cast<GIntBig>(n));
+    EXPECT_DOUBLE_EQ(row->GetFieldAsDouble(1), static_cast<double>(sum) / 100);
+    EXPECT_NEAR(
+        row->GetFieldAsDouble(2) / (static_cast<double>(sum) / 100 / static_cast<double>(n)), 1,
+        1e-14);
+    EXPECT_NEAR(row->GetFieldAsDouble(3) / static_cast<double>(variance), 1, 1e-13);
+    EXPECT_NEAR(row->GetFieldAsDouble(4) / static_cast<double>(std::sqrt(variance)), 1, 1e-13);
+    EXPECT_DOUBLE_EQ(row->GetFieldAsDouble(5),
+                     static_cast<double>(*std::min_element(group.begin(), group.end())) / 100);
+    EXPECT_DOUBLE_EQ(row->GetFieldAsDouble(6),
+                     static_cast<double>(*std::max_element(group.begin(), group.end())) / 100);
+  }
+}
+
+TEST_F(DissolveTest, NullsAreAGroupAndCountInNoStatistic) {
+  rows.fields = {{"NET"}, {"MAG", FieldType::Double}};
+  rows.rows = {{Word("us"), Number(4)}, {kNull, Number(1)},      {Word("ci"), kNull},
+               {Word("us"), kNull},     {Word("us"), Number(2)}, {kNull, Number(1.5)},
+               {Word("ak"), Number(7)}};
+  Run(u"NET", u"Minimum.NET, Count.NET, Sum.MAG, Average.MAG, Variance.MAG");
+  EXPECT_EQ(Column(0), "null ak ci us");
+  EXPECT_EQ(Column(1), "2 1 1 3");
+  EXPECT_EQ(Column(2), "2.5 7.0 null 6.0");
+  EXPECT_EQ(Column(3), "1.25 7.00 null 3.00");
+  EXPECT_EQ(Column(4), "0.125 0.000 null 2.000");
+}
+
+TEST_F(DissolveTest, EveryTypeOfFieldAsKeyInAscendingOrder) {
+  const struct {
+    FieldType type;
+    std::vector<DissolveCell> values;
+    std::string shown;
+    OGRFieldType stored;
+  } cases[] = {
+      {FieldType::SmallInteger, {Number(10), Number(-9), Number(10)}, "-9 10", OFTInteger},
+      {FieldType::Integer, {Number(2147483647), Number(3)}, "3 2147483647", OFTInteger64},
+      {FieldType::Single, {Number(0.5), Number(-0.0), Number(0.0)}, "0.0 0.5", OFTReal},
+      {FieldType::Double,
+       {Number(1e-7), Number(123456789.125)},
+       "0.0000001 123456789.1250000",
+       OFTReal},
+      {FieldType::String, {Word("b"), Word("B"), Word("a")}, "B a b", OFTString},
+      {FieldType::Date, {Day(40001), Day(2)}, "1900/01/01 2009/07/07", OFTDate},
+      {FieldType::Date, {Day(2.5), Day(2)}, "1900-01-01 00:00:00 1900-01-01 12:00:00", OFTString},
+  };
+  int number = 0;
+  for (const auto& each : cases) {
+    rows = ListedRows();
+    rows.fields = {{"K", each.type}};
+    for (const auto& value : each.values) rows.rows.push_back({value});
+    Run(u"K", u"Minimum.K, Count.K", u"t" + FromUtf8(std::to_string(++number)) + u".dbf");
+    EXPECT_EQ(Column(0), each.shown);
+    EXPECT_EQ(Definition(0).GetType(), each.stored) << each.shown;
+  }
+}
+
+TEST_F(DissolveTest, ExtremesKeepWidthAndCodePage) {
+  rows.encoding = "CP1252";
+  rows.fields = {{"NAME", FieldType::String, 40}, {"V", FieldType::Double, 12, 3}};
+  rows.rows = {{Word("\u00C5rhus"), Number(1.5)}, {Word("M\u00FCnchen"), Number(2)}};
+  Run(u"NAME", u"Minimum.NAME, Count.NAME, Maximum.V, Sum.V");
+  EXPECT_EQ(Column(0), "M\u00FCnchen \u00C5rhus");
+  EXPECT_EQ(Definition(0).GetWidth(), 40);
+  EXPECT_EQ(Column(2), "2.000 1.500");
+  EXPECT_EQ(Definition(2).GetWidth(), 12);
+  EXPECT_EQ(Column(3), "2.0 1.5");
+}
+
+TEST_F(DissolveTest, WhatDbaseCantHoldIsRefused) {
+  const std::string fits(254, 'x'), tooLong(255, 'x');
+  rows.fields = {{"K"}, {"V", FieldType::Double}};
+  rows.rows = {{Word(fits), Number(1e200)}};
+  Run(u"K", u"Minimum.K, Sum.V", u"wide.dbf");
+  EXPECT_EQ(Column(0), fits);
+  const auto refused = [&](DissolveCell key, double value) {
+    rows = ListedRows();
+    rows.fields = {{"K"}, {"V", FieldType::Double}};
+    rows.rows = {{key, Number(value)}, {key, Number(1e-10)}};
+    return Refusal(u"K", u"Minimum.K, Minimum.V, Maximum.V, Sum.V");
+  };
+  EXPECT_EQ(refused(Word(tooLong), 1), failure::kOverflow);
+  EXPECT_EQ(refused(Word("a"), 1e-300), failure::kOverflow);
+  EXPECT_EQ(refused(Word("a"), INFINITY), failure::kOverflow);
+  Text many = u"Count.K";
+  for (int i = 0; i < 255; ++i) many += u", Count.K";
+  EXPECT_EQ(Refusal(u"K", many), failure::kOverflow);
+}
+
+TEST_F(DissolveTest, RefusesTermsNamesAndFoldersItCantUse) {
+  rows.fields = {{"K"}, {"V", FieldType::Double}};
+  rows.rows = {{Word("a"), Number(1)}};
+  EXPECT_EQ(Refusal(u"X", u"Count.K"), failure::kInvalidCall);
+  EXPECT_EQ(Refusal(u"K", u"Median.V"), failure::kInvalidCall);
+  EXPECT_EQ(Refusal(u"K", u"Count.X"), failure::kInvalidCall);
+  EXPECT_EQ(Refusal(u"K", u"Sum.K"), failure::kTypeMismatch);
+  for (const Text name : {u"a?.dbf", u".dbf", u"out.txt", u"", u"sub/out.dbf"}) {
+    EXPECT_EQ(Refusal(u"K", u"Count.K", name), 52) << ToUtf8(name);
+  }
+  EXPECT_THROW(Dissolve(rows, u"K", u"Count.K", folder + "/none", u"out.dbf"), Failure);
+  EXPECT_THROW(Dissolve(rows, u"K", u"Count.K", "/proc", u"out.dbf"), Failure);
+}
+
+TEST_F(DissolveTest, WritesWholeOrNotAtAll) {
+  rows.fields = {{"K", FieldType::Integer}};
+  for (int i = 0; i < 100000; ++i) rows.rows.push_back({Number(99999 - i)});
+  rlimit before{};
+  getrlimit(RLIMIT_FSIZE, &before);
+  const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+  const rlimit small{200000, before.rlim_max};
+  setrlimit(RLIMIT_FSIZE, &small);
+  const std::int32_t number = Refusal(u"K", u"Minimum.K, Count.K");
+  setrlimit(RLIMIT_FSIZE, &before);
+  std::signal(SIGXFSZ, handler);
+  EXPECT_TRUE(number == failure::kDiskFull || number == failure::kPathFileAccess) << number;
+
+  auto again = ListedRows();
+  again.fields = rows.fields;
+  again.rows = rows.rows;
+  const std::string path = Dissolve(again, u"K", u"Minimum.K, Count.K", folder, u"many");
+  EXPECT_EQ(fs::path(path).filename(), "many.dbf");
+  table.reset(GDALDataset::Open(path.c_str()));
+  EXPECT_EQ(table->GetLayer(0)->GetFeatureCount(), 100000);
+  rows = ListedRows();
+  rows.fields = {{"K", FieldType::Integer}};
+  EXPECT_EQ(Refusal(u"K", u"Count.K", u"many.dbf"), 58);
+}
+
+TEST_F(DissolveTest, AnyTableOfThePlatformCanBeDissolved) {
+  const auto input = New<brelmon::test::FakeRows>();
+  input->fields = {
+      {u"NET", FieldType::String}, {u"MAG", FieldType::Double}, {u"D", FieldType::Date}};
+  input->rows = {{u"us", 5.5, Date{40000}}, {u"ci", 4.0, Null{}}, {u"us", 6.0, Date{40001}}};
+  input->selected = {1, 2};
+  std::string made;
+  const auto processor = NewBasicGeoprocessor(NewTableRows, [&](const std::string& path) {
+    made = path;
+    return Ref<ITable>(input);
+  });
+  const auto output = New<IDatasetName>();
+  output->Name = u"selected.dbf";
+  output->WorkspaceName = New<DatasetPath>(folder, u"");
+  EXPECT_TRUE(Same(
+      processor->Dissolve(input, true, u"net", u"Minimum.NET, Sum.MAG, Maximum.D", output), input));
+  table.reset(GDALDataset::Open(made.c_str()));
+  layer = table->GetLayer(0);
+  EXPECT_EQ(Column(0), "ci us");
+  EXPECT_EQ(Column(1), "4.0 6.0");
+  EXPECT_EQ(Column(2), "null 2009/07/07");
+}
+
+}  // namespace
+}  // namespace brelmon::host::test

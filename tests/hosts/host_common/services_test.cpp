@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// The smaller services: clock, registry, shell, the component's loader, unique values.
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <thread>
+
+#include "hosts/common/clock.h"
+#include "hosts/common/componentloader.h"
+#include "hosts/common/registry.h"
+#include "hosts/common/shell.h"
+#include "hosts/common/uniquevalues.h"
+#include "tests/hosts/tempfolder.h"
+
+namespace brelmon::host {
+namespace {
+
+TEST(Clock, ReadsTimesAndRefusesOthers) {
+  EXPECT_TRUE(ParseIsoTime("2026-11-16T14:15:07"));
+  EXPECT_EQ(ParseIsoTime("2024-02-29 08:30")->minute, 30);
+  for (const char* text : {"", "2026-11-16", "2026-02-29T00:00:00", "2026-11-16T24:00:00",
+                           "2026-11-16T14:15:07Z", "26-11-16T14:15:07", "2026-11-16T14:15:"}) {
+    EXPECT_FALSE(ParseIsoTime(text)) << text;
+  }
+}
+
+TEST(Clock, IsFixedByTheEnvironmentOrByHand) {
+  ::setenv("BRELMON_NOW", "2026-11-16T14:15:07", 1);
+  HostClock clock;
+  ::unsetenv("BRELMON_NOW");
+  EXPECT_EQ(ToCivil(clock.Now()).second, 7);
+  clock.Fix(CivilTime{2000, 1, 2, 3, 4, 5});
+  EXPECT_EQ(clock.Now(), ToDate({2000, 1, 2, 3, 4, 5}));
+  clock.Fix({});
+  EXPECT_GT(clock.Now().Serial, 46000);  // goes again, long after 2025
+}
+
+TEST(Registry, KeepsValuesByRootKeyAndName) {
+  const auto registry = NewMemoryRegistry();
+  Value value;
+  registry->Write(RegistryRoot::ClassesRoot, u"A.b\\CLSID", u"", u"{1}");
+  EXPECT_TRUE(registry->Query(RegistryRoot::ClassesRoot, u"a.B\\clsid", u"", value));
+  EXPECT_EQ(value.ToText(), u"{1}");
+  EXPECT_FALSE(registry->Query(RegistryRoot::CurrentUser, u"A.b\\CLSID", u"", value));
+  EXPECT_FALSE(registry->Query(RegistryRoot::ClassesRoot, u"A.b\\CLSID", u"x", value));
+  registry->Write(RegistryRoot::ClassesRoot, u"A.bc", u"", u"other");
+  registry->DeleteTree(RegistryRoot::ClassesRoot, u"A.B");
+  EXPECT_FALSE(registry->Query(RegistryRoot::ClassesRoot, u"A.b\\CLSID", u"", value));
+  EXPECT_TRUE(registry->Query(RegistryRoot::ClassesRoot, u"A.bc", u"", value));
+}
+
+class ShellTest : public testing::Test {
+ protected:
+  ShellTest() {
+    const std::string opener = folder.Write(
+        "opener", "#!/bin/sh\nprintf '%s|' \"$@\" > \"$0.tmp\"\nmv \"$0.tmp\" \"$0.log\"\n");
+    std::filesystem::permissions(opener, std::filesystem::perms::owner_all);
+    ::setenv("BRELMON_OPENER", opener.c_str(), 1);
+  }
+  ~ShellTest() override { ::unsetenv("BRELMON_OPENER"); }
+  /// What the opener was given; waits for it.
+  std::string Opened(const Text& file, const Text& directory) {
+    const std::string log = folder.Path("opener.log");
+    std::filesystem::remove(log);
+    NewShell()->Execute(file, directory, 1);
+    for (int i = 0; i < 500 && !std::filesystem::exists(log); ++i) {
+      std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    return BytesOf(log);
+  }
+  TempFolder folder;
+};
+
+TEST_F(ShellTest, HandsOverSystemPathsAndAddressesAsTheyAre) {
+  folder.Write("docs/a b;$(x).pdf", "");
+  const Text directory = Paths().ToWindows(folder.Path());
+  const std::string due = folder.Path("docs/a b;$(x).pdf") + "|" + folder.Path() + "|";
+  EXPECT_EQ(Opened(directory + u"\\docs\\a b;$(x).pdf", directory), due);
+  EXPECT_EQ(Opened(u"docs\\A B;$(x).pdf", directory + u"\\"), due);
+  EXPECT_EQ(Opened(u"https://example.org/a?b=c&d", u""), "https://example.org/a?b=c&d||");
+}
+
+TEST_F(ShellTest, RunsProgramsOrFails) {
+  const auto shell = NewShell();
+  folder.Write("plain.txt", "");
+  const auto number = [&](const Text& program) {
+    try {
+      shell->Run(program);
+    } catch (const Failure& failure) {
+      return failure.Number;
+    }
+    return 0;
+  };
+  EXPECT_EQ(number(u"Z:\\bin\\true"), 0);
+  EXPECT_EQ(number(u"Z:\\no\\such\\program"), 53);
+  EXPECT_EQ(number(Paths().ToWindows(folder.Path("plain.txt"))), 5);
+  Text user;
+  ASSERT_TRUE(shell->GetUserName(user));
+  EXPECT_EQ(user.back(), u'\0');
+}
+
+TEST(ComponentLoader, SaysWhyALibraryIsNoComponent) {
+  const TempFolder folder;
+  const auto reason = [](const std::string& path) -> std::string {
+    try {
+      Component::Load(path, {});
+    } catch (const std::runtime_error& error) {
+      return error.what();
+    }
+    return {};
+  };
+  EXPECT_NE(reason(folder.Path("none.so")).find("none.so"), std::string::npos);
+  EXPECT_NE(reason(folder.Write("text.so", "no library")).find("text.so"), std::string::npos);
+  EXPECT_NE(reason("libm.so.6").find("DllGetClassObject"), std::string::npos);
+}
+
+/// Rows of one field from a list of values.
+class ListCursor : public ICursor, public ICursorFields, public IRowBuffer {
+ public:
+  explicit ListCursor(std::vector<brelmon::Value> values) : values_(std::move(values)) {}
+  std::int32_t FindField(const Text& name) override { return EqualNoCase(name, u"F") ? 0 : -1; }
+  void ReadOnly(std::int32_t) override {}
+  Ref<IRowBuffer> NextRow() override {
+    if (at_ == values_.size()) return {};
+    ++at_;
+    return Ref<IRowBuffer>(std::shared_ptr<IRowBuffer>(this, [](IRowBuffer*) {}));
+  }
+  brelmon::Value Value(std::int32_t) override { return values_[at_ - 1]; }
+
+ private:
+  std::vector<brelmon::Value> values_;
+  std::size_t at_ = 0;
+};
+
+TEST(UniqueValues, EachOnceAndNoNulls) {
+  const auto statistics = NewDataStatistics();
+  statistics->SetField(u"f");
+  statistics->SetCursor(New<ListCursor>(std::vector<Value>{
+      Value(3), Value(Null()), Value(3.0), Value(-0.0), Value(0), Value(u"3"), Value(Date{3}),
+      Value(Null()), Value(u"3"), Value(u"")}));
+  const Ref<IEnumValue> values = statistics->UniqueValues();
+  EXPECT_EQ(statistics->UniqueValueCount(), 5);
+  std::string seen;
+  for (Value value = values->Next(); !value.IsEmpty(); value = values->Next()) {
+    seen += value.If<Date>() ? "date|" : ToUtf8(value.ToText()) + "|";
+  }
+  EXPECT_EQ(seen, "3|0|3|date||");
+  statistics->SetField(u"G");
+  EXPECT_THROW(statistics->UniqueValueCount(), Failure);
+}
+
+}  // namespace
+}  // namespace brelmon::host
