@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// Parsers for the front and for lines.
+#include "cli/commandline.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <iostream>
+
+#include "frame/version.h"
+#include "hosts/common/clock.h"
+
+namespace brelmon::cli {
+namespace {
+
+void AddChoices(CLI::App& app, Choices& choices) {
+  auto* yes = app.add_flag_callback(
+      "--yes", [&choices] { choices.answer = true; }, "Answer all questions with Yes or OK");
+  auto* no = app.add_flag_callback(
+      "--no", [&choices] { choices.answer = false; }, "Answer all questions with No or Cancel");
+  yes->excludes(no);
+  app.add_option_function<std::string>(
+         "--now",
+         [&choices](const std::string& text) {
+           choices.now = host::ParseIsoTime(text);
+           if (!choices.now) throw CLI::ValidationError("--now", "no time: " + text);
+         },
+         "Fix the clock")
+      ->type_name("2026-11-16T14:15:07");
+}
+
+void Build(CLI::App& app, Action& action) {
+  app.name("brelmon MODULE");
+  app.set_help_flag("--help", "Tell about an action");
+  app.fallthrough();
+  app.require_subcommand(1);
+  AddToolbarActions(app, action);
+  AddContentsActions(app, action);
+  AddClickActions(app, action);
+  AddStatisticsActions(app, action);
+  AddQueryActions(app, action);
+  AddSummarizeActions(app, action);
+  AddQuickLoadActions(app, action);
+  AddMediaActions(app, action);
+  AddAboutActions(app, action);
+  AddCheckActions(app, action);
+}
+
+/// Prints help or the fault; gives the exit status.
+int Tell(const CLI::App& app, const CLI::ParseError& error, const std::string& where,
+         const std::string& hint) {
+  if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success)) {
+    app.exit(error, std::cout, std::cerr);
+    return kDone;
+  }
+  std::cerr << "brelmon: " << where << error.what() << hint << std::endl;
+  return kUsage;
+}
+
+std::string VersionText() {
+  return "brelmon " + std::to_string(kVersion.Major) + "." + std::to_string(kVersion.Minor) + "." +
+         std::to_string(kVersion.Revision);
+}
+
+/// The actions and what each does, for the front's help.
+std::string ActionsHelp() {
+  CLI::App app;
+  Action none;
+  Build(app, none);
+  std::string help = "\nActions (brelmon MODULE ACTION --help tells more):\n";
+  for (const CLI::App* each : app.get_subcommands({})) {
+    std::string name = "  " + each->get_name();
+    name.resize(std::max<std::size_t>(name.size() + 1, 15), ' ');
+    help += name + each->get_description() + "\n";
+  }
+  return help + "\nWithout an action, actions are read from standard input, one a line.\n";
+}
+
+}  // namespace
+
+Line ParseLine(std::vector<std::string> words, const std::string& where) {
+  Line line;
+  CLI::App app;
+  AddChoices(app, line.Given);
+  Build(app, line.Run);
+  std::reverse(words.begin(), words.end());  // the parser takes them from the back
+  try {
+    app.parse(std::move(words));
+  } catch (const CLI::ParseError& error) {
+    line.Run = nullptr;
+    line.Ended = Tell(app, error, where, "");
+  }
+  return line;
+}
+
+Front ParseFront(const std::vector<std::string>& arguments) {
+  Front front;
+  CLI::App app("Brelmon Tools on the command line.");
+  app.name("brelmon");
+  app.set_help_flag("--help", "Tell about the program");
+  app.set_version_flag("--version", VersionText(), "Tell the version");
+  app.footer(ActionsHelp());
+  app.prefix_command();
+  AddChoices(app, front.Given);
+  app.add_option("MODULE", front.Module,
+                 "A map document (.qgs, .qgz) or a folder that holds exactly one")
+      ->required();
+  std::vector<std::string> words(arguments.rbegin(), arguments.rend());
+  try {
+    app.parse(std::move(words));
+    front.Words = app.remaining();
+  } catch (const CLI::ParseError& error) {
+    front.Ended = Tell(app, error, "", " (brelmon --help tells more)");
+  }
+  return front;
+}
+
+std::vector<std::string> ActionNames() {
+  CLI::App app;
+  Action none;
+  Build(app, none);
+  std::vector<std::string> names;
+  for (const CLI::App* each : app.get_subcommands({})) names.push_back(each->get_name());
+  return names;
+}
+
+int RunLine(Session& session, const Line& line, const Choices& outer, const std::string& where) {
+  if (!line.Run) return line.Ended;
+  session.Use(line.Given.Over(outer));
+  int status = kFailed;
+  std::string reason;
+  try {
+    status = line.Run(session);
+  } catch (const Failure& failure) {
+    reason = ToUtf8(failure.Description) + " (" + std::to_string(failure.Number) + ")";
+  } catch (const std::exception& other) {
+    reason = other.what();
+  }
+  std::cout << std::flush;
+  if (!reason.empty()) std::cerr << "brelmon: " << where << reason << std::endl;
+  return status;
+}
+
+}  // namespace brelmon::cli

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// brelmon [--yes|--no] [--now TIME] MODULE [ACTION...]
+#include <iostream>
+
+#include "cli/commandline.h"
+#include "cli/prompt.h"
+
+namespace {
+
+int Run(const std::vector<std::string>& arguments) {
+  using namespace brelmon::cli;
+  const Front front = ParseFront(arguments);
+  if (front.Ended) return *front.Ended;
+  Line line;
+  if (!front.Words.empty()) {
+    line = ParseLine(front.Words);
+    if (!line.Run) return line.Ended;
+  }
+  Session session(front.Module);
+  return line.Run ? RunLine(session, line, front.Given, "") : RunSession(session, front.Given);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    return Run({argv + 1, argv + argc});
+  } catch (const std::exception& reason) {
+    std::cerr << "brelmon: " << reason.what() << std::endl;
+  }
+  return brelmon::cli::kFailed;
+}

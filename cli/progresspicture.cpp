@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// A bar of hashes behind the message.
+#include "cli/progresspicture.h"
+
+#include <algorithm>
+#include <iostream>
+#include <string>
+
+#include "cli/terminal.h"
+
+namespace brelmon::cli {
+namespace {
+
+constexpr const char* kWipe = "\r\x1b[K";
+constexpr int kCells = 25;
+
+int PercentOf(const headless::Progress& progress) {
+  const auto all = static_cast<std::int64_t>(progress.maximum) - progress.minimum + 1;
+  if (all < 1) return 0;
+  const auto done = static_cast<std::int64_t>(progress.position) - progress.minimum + 1;
+  return static_cast<int>(std::clamp<std::int64_t>(done * 100 / all, 0, 100));
+}
+
+}  // namespace
+
+ProgressPicture::ProgressPicture(headless::ProgressBar& bar) : bar_(bar) {
+  if (!ErrorsAtTerminal()) return;
+  bar_.SetListener([this](const headless::Progress& progress) { Draw(progress); });
+}
+
+ProgressPicture::~ProgressPicture() {
+  bar_.SetListener({});
+  Clear();
+}
+
+void ProgressPicture::Clear() {
+  if (drawn_) std::cerr << kWipe << std::flush;
+  drawn_ = false;
+  percent_ = -1;
+}
+
+void ProgressPicture::Draw(const headless::Progress& progress) {
+  if (!progress.visible) return Clear();
+  const int percent = PercentOf(progress);
+  if (percent == percent_) return;
+  percent_ = percent;
+  drawn_ = true;
+  const auto full = static_cast<std::size_t>(percent * kCells / 100);
+  std::cerr << kWipe << ToUtf8(progress.message) << " [" << std::string(full, '#')
+            << std::string(kCells - full, '.') << "] " << percent << '%' << std::flush;
+}
+
+}  // namespace brelmon::cli

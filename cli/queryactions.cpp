@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// values, query: the query dialog.
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <iostream>
+
+#include "cli/actions.h"
+#include "cli/dialogrows.h"
+#include "cli/reports.h"
+
+namespace brelmon::cli {
+namespace {
+
+constexpr TextView kForm = u"brelmon_ModQueryDialog";
+
+struct Operation {
+  const char* Option;
+  const char* Help;
+  TextView Button;
+};
+constexpr Operation kOperations[] = {
+    {"--new", "Select, or filter to, what matches", u"cmdNewSet"},
+    {"--add", "Add what matches", u"cmdAddToSet"},
+    {"--subset", "The button Subset", u"cmdSelFromSet"},
+    {"--subtract", "The button Subtract", u"cmdSubtractFromSet"},
+    {"--clear", "Clear the selection or the filter", u"cmdClear"},
+    {"--verify", "Only try the text", u"cmdVerify"},
+};
+constexpr std::size_t kClear = 4, kVerify = 5;
+
+struct QueryOptions {
+  std::string ItemWord;
+  std::optional<std::string> QueryText;
+  bool Chosen[std::size(kOperations)] = {};
+  bool Filter = false;
+
+  std::size_t Chose() const {
+    return static_cast<std::size_t>(std::find(std::begin(Chosen), std::end(Chosen), true) -
+                                    std::begin(Chosen));
+  }
+};
+
+void ChooseItem(Form& form, Session& session, const Item& item) {
+  auto& list = Get<ListBox>(form, u"lbxThemes");
+  list.UserClick(ItemRow(list, session.Host(), item));
+}
+
+int Values(Session& session, const std::string& itemWord, const std::string& fieldWord) {
+  const Item item = FindTable(session.Host(), itemWord);
+  const auto fields = FieldsOf(item);
+  const Field field = FindField(fields, item, fieldWord);
+  std::vector<Text> values;
+  const auto work = [&](Form& form) {
+    ChooseItem(form, session, item);
+    auto& list = Get<ListBox>(form, u"lbxFields");
+    list.UserClick(FieldRow(list, fields, field, Listed::UpToIds));
+    Press(form, u"cmdUpdate", "no values can be asked for");
+    values = RowsOf(Get<ListBox>(form, u"lbxValues"));
+    Dismiss(form);
+  };
+  const Outcome outcome = session.Click(u"cmdSelByAttBrelmon", {{Text(kForm), work}});
+  for (const Text& value : values) PrintText(value);
+  return outcome.Untroubled() ? kDone : kFailed;
+}
+
+void PressOperation(Form& form, const Operation& operation) {
+  const std::string caption = ToUtf8(form.ControlNamed(operation.Button).Caption());
+  Press(form, operation.Button,
+        "the button " + caption + " is disabled: there is nothing that it could work on");
+}
+
+int Query(Session& session, const QueryOptions& options) {
+  const Item item = FindTable(session.Host(), options.ItemWord);
+  const std::size_t chose = options.Chose();
+  Text count;
+  const auto work = [&](Form& form) {
+    Get<OptionButton>(form, options.Filter ? u"optFiltered" : u"optSelected").UserClick();
+    ChooseItem(form, session, item);
+    if (options.QueryText) {
+      TypeOver(Get<TextBox>(form, u"txtQuery"), FromUtf8(*options.QueryText));
+    }
+    PressOperation(form, kOperations[chose]);
+    count = form.ControlNamed(u"lblNumSelected").Caption();
+    Dismiss(form);
+  };
+  const Outcome outcome = session.Click(u"cmdSelByAttBrelmon", {{Text(kForm), work}});
+  const bool verified =
+      outcome.Trails == 0 && outcome.Told.size() == 1 && outcome.Told[0] == u"Query Verified:";
+  if (chose == kVerify ? !verified : !outcome.Untroubled()) return kFailed;
+  PrintText(count);
+  return kDone;
+}
+
+void AddQuery(CLI::App& app, Action& action) {
+  const auto options = std::make_shared<QueryOptions>();
+  CLI::App* query =
+      app.add_subcommand("query", "Select or filter by a query text and print how many");
+  query->add_option("ITEM", options->ItemWord, "A layer or table: its name, or #n")->required();
+  query->add_option("TEXT", options->QueryText, "The query; not for --clear");
+  CLI::Option_group* operations = query->add_option_group("Operations");
+  for (std::size_t i = 0; i < std::size(kOperations); ++i) {
+    operations->add_flag(kOperations[i].Option, options->Chosen[i], kOperations[i].Help);
+  }
+  operations->require_option(1);
+  query->add_flag("--filter", options->Filter, "Work on the filter in place of the selection");
+  query->callback([&action, options] {
+    if (!options->QueryText && !options->Chosen[kClear]) throw CLI::RequiredError("TEXT");
+    action = [options](Session& session) { return Query(session, *options); };
+  });
+}
+
+}  // namespace
+
+void AddQueryActions(CLI::App& app, Action& action) {
+  const auto words = std::make_shared<std::pair<std::string, std::string>>();
+  CLI::App* values = app.add_subcommand("values", "List the values of a field, as in the dialog");
+  values->add_option("ITEM", words->first, "A layer or table: its name, or #n")->required();
+  values->add_option("FIELD", words->second, "Its alias, name or #n")->required();
+  values->callback([&action, words] {
+    action = [words](Session& session) { return Values(session, words->first, words->second); };
+  });
+  AddQuery(app, action);
+}
+
+}  // namespace brelmon::cli

@@ -1,0 +1,192 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// summarize: the Summarize dialog, and the table that it makes.
+#include <CLI/CLI.hpp>
+#include <filesystem>
+#include <iostream>
+
+#include "cli/actions.h"
+#include "cli/columns.h"
+#include "cli/dialogrows.h"
+#include "hosts/common/paths.h"
+
+namespace brelmon::cli {
+namespace {
+
+constexpr int kRowsShown = 10;
+constexpr std::int32_t kTicked = 2;
+
+struct SummarizeOptions {
+  std::string ItemWord, FieldWord, Output;
+  std::vector<std::string> Statistics;  // "Average:MAG"
+  bool Selected = false, All = false;
+};
+
+struct Ticked {
+  std::string Statistic;
+  const Field* Of;
+};
+
+std::vector<Ticked> FindStatistics(const SummarizeOptions& options, const Item& item,
+                                   const std::vector<Field>& fields) {
+  std::vector<Ticked> found;
+  for (const std::string& word : options.Statistics) {
+    const auto colon = word.find(':');
+    if (colon == std::string::npos) {
+      throw Refusal("\"" + word + "\" is no statistic and field: write Average:FIELD or the like");
+    }
+    found.push_back({word.substr(0, colon), &FindField(fields, item, word.substr(colon + 1))});
+  }
+  return found;
+}
+
+Node& FieldNode(TreeView& tree, const std::vector<Field>& fields, const Field& field) {
+  int occurrence = OccurrenceListed(fields, field, Listed::UpToDates);
+  for (Node* node : tree.Roots()) {
+    if (node->Caption() == field.Alias && occurrence-- == 0) return *node;
+  }
+  throw Refusal("the dialog offers no statistics of \"" + ToUtf8(field.Alias) + "\"");
+}
+
+void Tick(TreeView& tree, Node& field, const std::string& statistic) {
+  std::string choice;
+  for (Node* node : field.Children()) {
+    if (EqualNoCase(node->Caption(), FromUtf8(statistic))) {
+      tree.UserExpand(field, true);
+      if (node->Image() != kTicked) tree.UserNodeClick(*node);
+      return;
+    }
+    choice += (choice.empty() ? "" : ", ") + ToUtf8(node->Caption());
+  }
+  throw Refusal("there is no statistic \"" + statistic + "\" of \"" + ToUtf8(field.Caption()) +
+                "\": there are " + choice);
+}
+
+/// What the new table's columns hold, in their order.
+std::vector<std::string> Meanings(TreeView& tree, const Field& by) {
+  const std::string name = ToUtf8(by.Alias);
+  std::vector<std::string> meanings{"value of " + name, "records of that value"};
+  for (std::int32_t i = 1; i <= tree.NodeCount(); ++i) {
+    const Node& node = tree.NodeAt(i);
+    if (node.Parent() == nullptr || node.Image() != kTicked) continue;
+    std::string words = ToUtf8(node.Caption());
+    words[0] = static_cast<char>(std::tolower(static_cast<unsigned char>(words[0])));
+    meanings.push_back(words + " of " + ToUtf8(node.Parent()->Caption()));
+  }
+  return meanings;
+}
+
+void ChooseRecords(Form& form, const SummarizeOptions& options) {
+  auto& box = Get<CheckBox>(form, u"chkSumSelected");
+  if (options.Selected && !box.Usable()) {
+    throw Refusal("there are no selected records: --selected can't be chosen");
+  }
+  if ((options.Selected && box.Value() != 1) || (options.All && box.Value() == 1)) box.UserClick();
+}
+
+/// The new table's columns that hold data: row identifiers are the host's.
+std::vector<Field> DataFields(const Item& table) {
+  auto fields = FieldsOf(table);
+  std::erase_if(fields, [](const Field& field) { return field.Type >= FieldType::OID; });
+  return fields;
+}
+
+void PrintColumns(const std::vector<Field>& fields, const std::vector<std::string>& meanings) {
+  Columns columns({"column", "holds"});
+  // A host may write the field itself before the terms that were asked for.
+  const std::size_t extra = fields.size() > meanings.size() ? fields.size() - meanings.size() : 0;
+  for (std::size_t i = 0; i < fields.size(); ++i) {
+    const std::size_t term = i < extra ? 0 : i - extra;
+    columns.Add({ToUtf8(fields[i].Name), term < meanings.size() ? meanings[term] : ""});
+  }
+  columns.Print(std::cout);
+}
+
+std::string CellOf(const Value& value) { return value.IsNull() ? "-" : ToUtf8(value.ToText()); }
+
+void PrintRows(const Item& table, const std::vector<Field>& fields) {
+  Columns::Row headings;
+  for (const Field& field : fields) {
+    headings.push_back((field.Type < FieldType::String ? ">" : "") + ToUtf8(field.Name));
+  }
+  Columns columns(headings);
+  const auto data = table.Object.As<ITable>();
+  const auto cursor = data->Search({}, true);
+  int shown = 0;
+  for (auto row = cursor->NextRow(); row && shown < kRowsShown; row = cursor->NextRow(), ++shown) {
+    Columns::Row cells;
+    for (const Field& field : fields) cells.push_back(CellOf(row->Value(field.Number - 1)));
+    columns.Add(std::move(cells));
+  }
+  columns.Print(std::cout);
+  const std::int32_t more = data->RowCount({}) - shown;
+  if (more > 0) std::cout << "... and " << more << " more\n";
+}
+
+int Summarize(Session& session, const SummarizeOptions& options) {
+  const Item item = FindTable(session.Host(), options.ItemWord);
+  const auto fields = FieldsOf(item);
+  const Field by = FindField(fields, item, options.FieldWord);
+  const auto statistics = FindStatistics(options, item, fields);
+  const std::string output = std::filesystem::absolute(options.Output).lexically_normal().string();
+  std::vector<std::string> meanings;
+  const auto work = [&](Form& form) {
+    auto& layers = Get<ComboBox>(form, u"cbxLayer");
+    layers.UserChoose(ItemRow(layers, session.Host(), item));
+    auto& names = Get<ComboBox>(form, u"cbxFieldName");
+    names.UserChoose(FieldRow(names, fields, by, Listed::UpToDates));
+    auto& tree = Get<TreeView>(form, u"treeFields");
+    auto inTree = fields;  // all but the field that is summarized by
+    std::erase_if(inTree, [&by](const Field& each) { return each.Number == by.Number; });
+    for (const auto& [statistic, field] : statistics) {
+      if (field->Number == by.Number) {
+        throw Refusal("\"" + ToUtf8(by.Alias) + "\" is what is summarized by: it has no statistics");
+      }
+      Tick(tree, FieldNode(tree, inTree, *field), statistic);
+    }
+    ChooseRecords(form, options);
+    TypeOver(Get<TextBox>(form, u"txtOutput"), host::Paths().ToWindows(output));
+    meanings = Meanings(tree, by);
+    Press(form, u"cmdOK", "there is no path to write to");
+    Dismiss(form);
+  };
+  const auto tables = session.Document()->FocusMap().As<IStandaloneTableCollection>();
+  const std::int32_t before = tables->StandaloneTableCount();
+  session.Click(u"cmdSumBrelmon", {{u"frm_Brelmon_Summarize", work}});
+  const std::int32_t after = tables->StandaloneTableCount();
+  if (after == before) return kFailed;
+  const auto made = tables->StandaloneTable(after - 1);
+  const Item table{0, 0, "table", made->Name(), made, {}};
+  const auto columns = DataFields(table);
+  std::cout << "table: " << output << '\n' << '\n';
+  PrintColumns(columns, meanings);
+  std::cout << '\n';
+  PrintRows(table, columns);
+  return kDone;
+}
+
+}  // namespace
+
+void AddSummarizeActions(CLI::App& app, Action& action) {
+  const auto options = std::make_shared<SummarizeOptions>();
+  CLI::App* summarize =
+      app.add_subcommand("summarize", "Make a table with a record for each value of a field");
+  summarize->add_option("ITEM", options->ItemWord, "A layer or table: its name, or #n")->required();
+  summarize->add_option("FIELD", options->FieldWord, "Its alias, name or #n")->required();
+  summarize
+      ->add_option("--stat", options->Statistics,
+                   "A statistic of another field, such as Average:FIELD; may be repeated")
+      ->type_name("NAME:FIELD")
+      ->expected(1)
+      ->take_all();
+  auto* selected = summarize->add_flag("--selected", options->Selected, "Selected records only");
+  auto* all = summarize->add_flag("--all", options->All, "All records, even with a selection");
+  selected->excludes(all);
+  summarize->add_option("--output", options->Output, "The table's file (.dbf)")
+      ->type_name("PATH")
+      ->required();
+  summarize->callback([&action, options] {
+    action = [options](Session& session) { return Summarize(session, *options); };
+  });
+}
+
+}  // namespace brelmon::cli
