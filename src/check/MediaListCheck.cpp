@@ -119,21 +119,13 @@ class MediaListCheck {
     if (!isNew && !repeated) again(u"under the same label", kept->second);
   }
 
-  /// False where the location is of no further interest.
+  /// False where the location is no file to look for.
   bool Kind(const MediaItem& item) {
     const auto codes = CodesForLocation(item.Written);
     const bool address = item.Written.find(u"://") != Text::npos;
-    if (item.Code == kWebsiteCode && item.Location == item.Written) {
-      if (address || codes.empty() || item.Written.starts_with(u"www.")) return false;
-      const bool shortcut = EqualNoCase(item.Written.substr(item.Written.rfind(u'.')), u".url");
-      report_.Add(item.Line, Severity::Fails,
-                  u"kind code 3 takes \"" + item.Written + u"\" for a web address",
-                  u"the media viewer doesn't look for it beside the document",
-                  shortcut ? Line(item.Name, ReplacedEnd(item.Written, u".url"), u"3")
-                  : codes.front() == kWebsiteCode
-                      ? u"make a shortcut to it: " +
-                            Line(item.Name, ReplacedEnd(item.Written, u".url"), u"3")
-                      : Line(item.Name, item.Written, GeneralText(codes.front())));
+    if (item.Code == kWebsiteCode && !IsShortcutFile(item.Written)) {
+      const bool file = !address && !codes.empty() && !item.Written.starts_with(u"www.");
+      if (file) FileAsAddress(item, codes.front());
       return false;
     }
     if (address) {
@@ -155,6 +147,19 @@ class MediaListCheck {
                   Line(item.Name, item.Written, GeneralText(codes.front())));
     }
     return true;
+  }
+
+  void FileAsAddress(const MediaItem& item, std::int32_t likely) {
+    const Text& file = item.Written;
+    const Text shortcut = Line(item.Name, ReplacedEnd(file, u".url"), u"3");
+    Text mended = Line(item.Name, file, GeneralText(likely));
+    if (likely == kWebsiteCode) {
+      const bool capitals = EqualNoCase(file.substr(file.rfind(u'.')), u".url");
+      mended = capitals ? shortcut : u"make a shortcut to it: " + shortcut;
+    }
+    report_.Add(item.Line, Severity::Fails,
+                u"kind code 3 takes \"" + file + u"\" for a web address",
+                u"the media viewer doesn't look for it beside the document", mended);
   }
 
   static Text ReplacedEnd(const Text& location, const Text& extension) {

@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF", kLittleMark = "\xFF\xFE",
                            kBigMark = "\xFE\xFF";
-constexpr std::size_t kChunk = 64 * 1024;
+constexpr std::size_t kChunk = std::size_t{64} * 1024;
 
 /// Well-formed, and not ASCII alone.
 bool IsUtf8(std::string_view bytes) {
@@ -116,7 +116,7 @@ Text ModuleText::Misfit(std::int32_t& line) const {
   const Text text = Decoded();
   for (std::size_t at = 0; at < text.size(); ++at) {
     const bool pair = (text[at] & 0xFC00) == 0xD800 && at + 1 < text.size();
-    const Text character = text.substr(at, pair ? 2 : 1);
+    Text character = text.substr(at, pair ? 2 : 1);
     if (!FitsWindows1252(character)) return character;
     const bool followed = at + 1 < text.size() && text[at + 1] == u'\n';
     if (text[at] == u'\n' || (text[at] == u'\r' && !followed)) ++line;

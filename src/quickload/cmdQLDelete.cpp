@@ -17,6 +17,36 @@ Text RowOf(const QuickLoadRecord& record) {
   return record.Fields.front() + Text(KindOf(record).Mark);
 }
 
+/// The file beside the document or the one that the user points to; nothing, and told, if neither.
+std::optional<Text> FindFile(const Ref<IApplication>& application) {
+  const Text path = DocumentDirectory(application) + Text(QuickLoadFile::kFileName);
+  if (ExistFileDir(path)) return path;
+  auto chosen =
+      BrowseTextFile(application, path, u"Please identify the Brelmon 'QuickLoad.txt' file:");
+  if (!chosen) {
+    MsgBox(u"Unable to find Brelmon 'QuickLoad.txt' file.  Bailing out...", box::kInformation,
+           u"QuickLoad Editor Cancelled:");
+  }
+  return chosen;
+}
+
+/// Takes the selected records out; gives the report of what went.
+Text TakeOut(std::vector<QuickLoadRecord>& records, ListBox& references) {
+  Text report = u"The following references were deleted from the QuickLoad.txt file:" +
+                Text(kCrLf) + Text(46, u'-') + Text(kCrLf);
+  std::vector<QuickLoadRecord> kept;
+  std::int32_t row = 0;
+  for (auto& record : records) {
+    if (references.Selected(row++)) {
+      report += u"  --> " + RowOf(record) + Text(kCrLf);
+    } else {
+      kept.push_back(std::move(record));
+    }
+  }
+  records = std::move(kept);
+  return report;
+}
+
 }  // namespace
 
 cmdQLDelete::cmdQLDelete() : BrelmonCommand(u"cmdQLDelete") {}
@@ -30,38 +60,19 @@ cmdQLDelete::~cmdQLDelete() {
 
 void cmdQLDelete::OnClick() {
   Guard::PlainBox([&] {
-    Text path = DocumentDirectory(m_pApp) + Text(QuickLoadFile::kFileName);
-    if (!ExistFileDir(path)) {
-      const auto chosen =
-          BrowseTextFile(m_pApp, path, u"Please identify the Brelmon 'QuickLoad.txt' file:");
-      if (!chosen) {
-        MsgBox(u"Unable to find Brelmon 'QuickLoad.txt' file.  Bailing out...", box::kInformation,
-               u"QuickLoad Editor Cancelled:");
-        return;
-      }
-      path = *chosen;
-    }
+    const auto path = FindFile(m_pApp);
+    if (!path) return;
     // Open until the dialog has closed: nobody of this process writes to it meanwhile.
-    auto records = QuickLoadFile::OpenAndRead(path);
+    auto records = QuickLoadFile::OpenAndRead(*path);
     auto dialog = New<frm_QLDelete>();
     for (const auto& record : records) dialog->lbxReferences.AddItem(RowOf(record));
     dialog->ShowModal();
     if (!dialog->ShouldContinue()) return QuickLoadFile::Close();
 
-    Text report = u"The following references were deleted from the QuickLoad.txt file:" +
-                  Text(kCrLf) + Text(46, u'-') + Text(kCrLf);
-    std::vector<QuickLoadRecord> kept;
-    std::int32_t row = 0;
-    for (auto& record : records) {
-      if (dialog->lbxReferences.Selected(row++)) {
-        report += u"  --> " + RowOf(record) + Text(kCrLf);
-      } else {
-        kept.push_back(std::move(record));
-      }
-    }
+    const Text report = TakeOut(records, dialog->lbxReferences);
     dialog.Reset();
     QuickLoadFile::Close();
-    QuickLoadFile::Rewrite(path, kept);
+    QuickLoadFile::Rewrite(*path, records);
     QuickLoadMessages::ShowReport(report, u"QuickLoad Edit Report:");
   });
 }

@@ -18,8 +18,8 @@ std::string Parse(const Text& line) {
   std::string told;
   const auto number = Guard::Ignore([&] {
     const auto item = ParseMediaLine(line, u"C:\\M/x\\");
-    told = item ? ToUtf8(item->Name + u"|" + item->Location) + "|" + std::to_string(item->Code)
-                : "-";
+    told =
+        item ? ToUtf8(item->Name + u"|" + item->Location) + "|" + std::to_string(item->Code) : "-";
   });
   return number != 0 ? "!" + std::to_string(number) : told;
 }

@@ -61,10 +61,12 @@ class MediaViewerTest : public ::testing::Test {
 };
 
 TEST_F(MediaViewerTest, WholeDialogAndNineLists) {
-  Show("b:b.png,1\r\nz:z.odp,7\r\nA:a.png,1\r\na note\r\ny:y.odp,7\r\nw:http\xDF//w,3\r\n"
-       "g:g.kml,0\r\nm:m.avi,2\r\nx:x.xls,4\r\nd:d.doc,5\r\np:p.pdf,6\r\n",
-       [](Dialog& dialog) {
-         EXPECT_EQ(ToUtf8(dialog.Dump()), R"dump(Form brelmon_MediaDialog "Media Viewer" 6420x5415 sizable visible
+  Show(
+      "b:b.png,1\r\nz:z.odp,7\r\nA:a.png,1\r\na note\r\ny:y.odp,7\r\nw:http\xDF//w,3\r\n"
+      "g:g.kml,0\r\nm:m.avi,2\r\nx:x.xls,4\r\nd:d.doc,5\r\np:p.pdf,6\r\n",
+      [](Dialog& dialog) {
+        EXPECT_EQ(ToUtf8(dialog.Dump()),
+                  R"dump(Form brelmon_MediaDialog "Media Viewer" 6420x5415 sizable visible
   ListBox lbxAll 120,120 6180x3120 focus tip="Media of the chosen kind" rows=10: "A   (Image)", "b   (Image)", "d   (Word File)", "g   (Google Earth File)", "m   (Movie)", "p   (PDF File)", "w   (Website)", "x   (Excel File)", "y   (PowerPoint File)", "z   (PowerPoint File)"
   Frame cpOptions 120,3360 6180x1440 tip="Kinds of media"
     OptionButton optAll 180,240 1950x255 "All Media" on
@@ -80,15 +82,15 @@ TEST_F(MediaViewerTest, WholeDialogAndNineLists) {
   CommandButton cmdCancel 1455,4920 1215x375 "Cancel" cancel
   PictureBox imgCornerBars 6195,5190 225x225 picture="Corner of a sizable window"
 )dump");
-         EXPECT_EQ(Rows(dialog, dialog.optImages), "A\nb\n");
-         EXPECT_EQ(Rows(dialog, dialog.optPowerpoints), "z\ny\n");  // never sorted
-         EXPECT_EQ(Rows(dialog, dialog.optWebsites), "w\n");
-         EXPECT_EQ(Rows(dialog, dialog.optText), "g\n");
-         EXPECT_EQ(Rows(dialog, dialog.optMovies), "m\n");
-         EXPECT_EQ(Rows(dialog, dialog.optExcels), "x\n");
-         EXPECT_EQ(Rows(dialog, dialog.optWords), "d\n");
-         EXPECT_EQ(Rows(dialog, dialog.optPDFs), "p\n");
-       });
+        EXPECT_EQ(Rows(dialog, dialog.optImages), "A\nb\n");
+        EXPECT_EQ(Rows(dialog, dialog.optPowerpoints), "z\ny\n");  // never sorted
+        EXPECT_EQ(Rows(dialog, dialog.optWebsites), "w\n");
+        EXPECT_EQ(Rows(dialog, dialog.optText), "g\n");
+        EXPECT_EQ(Rows(dialog, dialog.optMovies), "m\n");
+        EXPECT_EQ(Rows(dialog, dialog.optExcels), "x\n");
+        EXPECT_EQ(Rows(dialog, dialog.optWords), "d\n");
+        EXPECT_EQ(Rows(dialog, dialog.optPDFs), "p\n");
+      });
   EXPECT_EQ(Trails(world), "");
 }
 

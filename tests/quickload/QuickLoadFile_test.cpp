@@ -46,7 +46,8 @@ TEST(QuickLoadFileTest, Grammar) {
       {"tag with a blank behind", "<Layer> \r\nA\r\nb\r\n", ""},
       {"tag with a blank before", " <Layer>\r\nA\r\nb\r\n", ""},
       {"tag after a byte-order mark", "\xEF\xBB\xBF<Layer>\r\nA\r\nb\r\n", ""},
-      {"names that look like tags", "<Query>\r\n<Query>\r\n<Layer>\r\n", "<Query>|<Query>|<Layer>\n"},
+      {"names that look like tags", "<Query>\r\n<Query>\r\n<Layer>\r\n",
+       "<Query>|<Query>|<Layer>\n"},
       {"blank name and blank query", "<Query>\r\n\r\n\r\n", "<Query>||\n"},
       {"fields keep their blanks", "<Query>\r\n A \r\n\tb \r\n", "<Query>| A |\tb \n"},
       {"lone carriage returns", "<Layer>\rA\rb\r<Query>\rC\rd", "<Layer>|A|b\n<Query>|C|d\n"},
@@ -101,8 +102,8 @@ TEST(QuickLoadFileTest, AppendDoesNotLookAtWhatIsThere) {
 TEST(QuickLoadFileTest, AnyTextReadsOrFailsWithInputPastEnd) {
   FakeWorld world;
   std::mt19937 random(20261116);
-  const std::string pieces[] = {"<Layer>", "<Query>", "<Bookmark>", "<layer>", "\r\n", "\r\n",
-                                "\r",      "\n",      "a",          "1.5",     "\xFF", "\x81", ""};
+  const std::string pieces[] = {"<Layer>", "<Query>", "<Bookmark>", "<layer>", "\r\n", "\r\n", "\r",
+                                "\n",      "a",       "1.5",        "\xFF",    "\x81", ""};
   for (int round = 0; round < 2000; ++round) {
     std::string bytes;
     for (auto left = random() % 40; left > 0; --left) {

@@ -29,7 +29,7 @@ class QuickLoadTest : public ::testing::Test {
     };
     command->OnClick();
   }
-  void Choose(OptionButton Dialog::* option, std::int32_t row) {
+  void Choose(OptionButton Dialog::*option, std::int32_t row) {
     Choose([=](Dialog& dialog) {
       (dialog.*option).UserClick();
       dialog.lbxList.UserClick(row);
@@ -115,7 +115,8 @@ TEST_F(QuickLoadTest, BadNumberFailsWhenTheBookmarkIsChosen) {
   *QuickLoadBytes(world) = "<Bookmark>\r\nX\r\n1\r\nnorth\r\n3\r\n4\r\n";
   Choose(&Dialog::optExtents, 0);
   // The plain box of the click: label, module, then number, source and description.
-  EXPECT_TRUE(BoxText().starts_with("Class_Terminate src/quickload/cmdQuickLoad.cpp ")) << BoxText();
+  EXPECT_TRUE(BoxText().starts_with("Class_Terminate src/quickload/cmdQuickLoad.cpp "))
+      << BoxText();
   EXPECT_NE(BoxText().find("\r\n13\r\n"), std::string::npos);
   EXPECT_TRUE(world.trails.empty());
   Choose(&Dialog::optViews, 0);  // the file itself read well: nothing is left open

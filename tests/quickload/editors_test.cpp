@@ -74,8 +74,9 @@ TEST_F(EditorTest, ThreeCommandsOneFile) {
   Click<cmdQLAddSpatial>(world);
   EXPECT_EQ(*QuickLoadBytes(world),
             "<Bookmark>\r\nGulf\r\n-98.25\r\n0.3\r\n1E+15\r\n0.333333333333333\r\n");
-  EXPECT_EQ(ToUtf8(world.boxes.at(0).text), "No text file available at C:\\Module\\QuickLoad.txt.  "
-                                            "Do you wish to create the file?");
+  EXPECT_EQ(ToUtf8(world.boxes.at(0).text),
+            "No text file available at C:\\Module\\QuickLoad.txt.  "
+            "Do you wish to create the file?");
   EXPECT_EQ(ToUtf8(world.boxes.at(1).text), "'Gulf' has been saved to the QuickLoad.txt file.");
   EXPECT_EQ(Titles(), "Need to create new QuickLoad.txt file:|BrelmonOpenTable|");
 
@@ -137,7 +138,8 @@ TEST_F(EditorTest, InputDialogs) {
   CommandButton OKButton 4350,3360 1215x375 "OK" disabled default
   CommandButton CancelButton 5685,3360 1215x375 "Cancel" cancel
 )dump");
-  EXPECT_EQ(ToUtf8(bookmark.Dump()), R"dump(Form frm_InputSpatialBookmark "Create BRELMON Spatial Bookmark:" 5400x1515
+  EXPECT_EQ(ToUtf8(bookmark.Dump()),
+            R"dump(Form frm_InputSpatialBookmark "Create BRELMON Spatial Bookmark:" 5400x1515
   Label lblInstructions 120,120 5160x225 "Please enter a name for this spatial bookmark:"
   TextBox txtName 120,420 5160x315 for="lblInstructions" text="" caret=0
   CommandButton OKButton 2730,1020 1215x375 "OK" disabled default
@@ -272,7 +274,8 @@ TEST_F(EditorTest, CutRecordOpensNoDialog) {
 
 TEST_F(EditorTest, DeletionDialog) {
   frm_QLDelete dialog;
-  EXPECT_EQ(ToUtf8(dialog.Dump()), R"dump(Form frm_QLDelete "Delete References from QuickLoad File:" 6420x4815 sizable
+  EXPECT_EQ(ToUtf8(dialog.Dump()),
+            R"dump(Form frm_QLDelete "Delete References from QuickLoad File:" 6420x4815 sizable
   Label lblInstructions 120,120 6180x225 "Please select the references to delete from the QuickLoad.txt file:"
   ListBox lbxReferences 120,420 6180x3780 for="lblInstructions" extended rows=0
   CommandButton OKButton 120,4320 1215x375 "OK" default
