@@ -60,9 +60,8 @@ void AddCheckActions(CLI::App& app, Action& action) {
   const auto fix = std::make_shared<bool>(false);
   CLI::App* check = app.add_subcommand("check", "Tell what in the module would fail in class");
   check->add_flag("--fix", *fix, "Rewrite encodings and line ends first, keeping copies");
-  check->callback([&action, fix] {
-    action = [fix](Session& session) { return Check(session, *fix); };
-  });
+  check->callback(
+      [&action, fix] { action = [fix](Session& session) { return Check(session, *fix); }; });
 }
 
 }  // namespace brelmon::cli

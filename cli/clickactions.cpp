@@ -37,9 +37,8 @@ void AddClickActions(CLI::App& app, Action& action) {
   const auto word = std::make_shared<std::string>();
   CLI::App* click = app.add_subcommand("click", "Click a command");
   click->add_option("CLASS", *word, "Its class, as commands lists it")->required();
-  click->callback([&action, word] {
-    action = [word](Session& session) { return Click(session, *word); };
-  });
+  click->callback(
+      [&action, word] { action = [word](Session& session) { return Click(session, *word); }; });
 }
 
 }  // namespace brelmon::cli

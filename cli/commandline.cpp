@@ -45,6 +45,20 @@ void Build(CLI::App& app, Action& action) {
   AddCheckActions(app, action);
 }
 
+/// What was wrong with a line; an action that isn't there is named with those that are.
+std::string FaultOf(const CLI::App& app, const CLI::ParseError& error) {
+  if (error.get_exit_code() != static_cast<int>(CLI::ExitCodes::RequiredError)) return error.what();
+  const CLI::App* last = &app;
+  while (!last->get_subcommands().empty()) last = last->get_subcommands().front();
+  const auto offered = last->get_subcommands({});
+  if (offered.empty()) return error.what();
+  const auto rest = app.remaining(true);
+  std::string fault = rest.empty() ? "an action is missing" : "there is no action " + rest.front();
+  fault += ": there are";
+  for (const CLI::App* each : offered) fault += " " + each->get_name();
+  return fault;
+}
+
 /// Prints help or the fault; gives the exit status.
 int Tell(const CLI::App& app, const CLI::ParseError& error, const std::string& where,
          const std::string& hint) {
@@ -52,7 +66,7 @@ int Tell(const CLI::App& app, const CLI::ParseError& error, const std::string& w
     app.exit(error, std::cout, std::cerr);
     return kDone;
   }
-  std::cerr << "brelmon: " << where << error.what() << hint << std::endl;
+  std::cerr << "brelmon: " << where << FaultOf(app, error) << hint << std::endl;
   return kUsage;
 }
 
@@ -72,7 +86,7 @@ std::string ActionsHelp() {
     name.resize(std::max<std::size_t>(name.size() + 1, 15), ' ');
     help += name + each->get_description() + "\n";
   }
-  return help + "\nWithout an action, actions are read from standard input, one a line.\n";
+  return help;
 }
 
 }  // namespace
@@ -94,7 +108,10 @@ Line ParseLine(std::vector<std::string> words, const std::string& where) {
 
 Front ParseFront(const std::vector<std::string>& arguments) {
   Front front;
-  CLI::App app("Brelmon Tools on the command line.");
+  CLI::App app(
+      "Brelmon Tools on the command line.\n\n"
+      "  brelmon MODULE ACTION [ARG...]  one action\n"
+      "  brelmon MODULE                  actions from standard input, one a line\n");
   app.name("brelmon");
   app.set_help_flag("--help", "Tell about the program");
   app.set_version_flag("--version", VersionText(), "Tell the version");
@@ -114,12 +131,17 @@ Front ParseFront(const std::vector<std::string>& arguments) {
   return front;
 }
 
-std::vector<std::string> ActionNames() {
+std::vector<std::string> ActionNames(const std::string& action) {
   CLI::App app;
   Action none;
   Build(app, none);
+  const auto offered = [](const CLI::App& of) { return of.get_subcommands({}); };
   std::vector<std::string> names;
-  for (const CLI::App* each : app.get_subcommands({})) names.push_back(each->get_name());
+  for (const CLI::App* each : offered(app)) {
+    if (action.empty()) names.push_back(each->get_name());
+    if (each->get_name() != action) continue;
+    for (const CLI::App* behind : offered(*each)) names.push_back(behind->get_name());
+  }
   return names;
 }
 

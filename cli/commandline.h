@@ -31,8 +31,8 @@ struct Front {
 };
 Front ParseFront(const std::vector<std::string>& arguments);
 
-/// Names of the actions, for completion.
-std::vector<std::string> ActionNames();
+/// Names of the actions, or of those that stand behind `action`, for completion.
+std::vector<std::string> ActionNames(const std::string& action = {});
 
 /// Runs a parsed line and tells of what it refused, `where` before it.
 int RunLine(Session& session, const Line& line, const Choices& outer, const std::string& where);

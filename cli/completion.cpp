@@ -7,6 +7,7 @@
 #include "cli/commandline.h"
 #include "cli/items.h"
 #include "cli/words.h"
+#include "frame/commandtable.h"
 
 namespace brelmon::cli {
 namespace {
@@ -49,7 +50,15 @@ void Completer::Look(const std::string& before, const std::string& begun, bool q
 
 std::vector<std::string> Completer::Candidates(const std::vector<std::string>& words) {
   if (words.empty()) return ActionNames();
+  if (auto more = ActionNames(words[0]); !more.empty()) {
+    return words.size() == 1 ? more : std::vector<std::string>();
+  }
+  if (words[0] == "tab") return {"Display", "Source", "Selection"};
   std::vector<std::string> names;
+  if (words[0] == "click") {
+    for (const CommandInfo& info : CommandTable()) names.push_back(ToUtf8(info.ClassName));
+    return names;
+  }
   const auto items = ItemsOf(session_.Host());
   if (words.size() > 1 && words[0] != "pick") {
     const Item& item = FindItem(items, words[1]);

@@ -12,8 +12,9 @@ namespace brelmon::cli {
 class Completer {
  public:
   explicit Completer(Session& session) : session_(session) {}
-  /// `before` is the line up to the word at hand, `begun` what of it is typed. Actions come first,
-  /// then items; behind an item that has fields, fields. `quoted`: the word stands in quotes.
+  /// `before` is the line up to the word at hand, `begun` what of it is typed, in quotes if
+  /// `quoted`. Actions come first, then what they take: items, and fields behind an item that has
+  /// some; classes; tabs.
   void Look(const std::string& before, const std::string& begun, bool quoted);
   /// As they are to be typed.
   const std::vector<std::string>& Found() const { return found_; }

@@ -43,15 +43,13 @@ int ListContents(Session& session) {
   const auto document = session.Document();
   const Value selected = document->CurrentContentsView()->SelectedItem();
   const auto focus = document->FocusMap();
-  Columns columns(
-      {">number", "mark", "kind", "name", "valid", ">rows", ">selected", "filter"});
+  Columns columns({">number", "mark", "kind", "name", "valid", ">rows", ">selected", "filter"});
   for (const Item& item : ItemsOf(session.Host())) {
     const bool valid = IsValid(item);
     std::string mark = Same(item.Object, focus) ? "focus" : "";
     if (IsPicked(selected, item.Object)) mark += mark.empty() ? "picked" : ",picked";
     Columns::Row row{std::to_string(item.Number), mark.empty() ? kNone : mark, item.Kind,
-                     std::string(2 * static_cast<std::size_t>(item.Depth), ' ') +
-                         ToUtf8(item.Name),
+                     std::string(2 * static_cast<std::size_t>(item.Depth), ' ') + ToUtf8(item.Name),
                      valid ? "valid" : "invalid"};
     AddTableCells(item, valid, row);
     columns.Add(std::move(row));
@@ -105,16 +103,14 @@ void AddContentsActions(CLI::App& app, Action& action) {
   tab->add_option("TAB", *name, "Display, Source or Selection")
       ->required()
       ->check(CLI::IsMember({"Display", "Source", "Selection"}));
-  tab->callback([&action, name] {
-    action = [name](Session& session) { return SetTab(session, *name); };
-  });
+  tab->callback(
+      [&action, name] { action = [name](Session& session) { return SetTab(session, *name); }; });
 
   const auto words = std::make_shared<Words>();
   CLI::App* pick = app.add_subcommand("pick", "Select items in the contents view, none without");
   pick->add_option("ITEM", *words, "Names, or #n");
-  pick->callback([&action, words] {
-    action = [words](Session& session) { return Pick(session, *words); };
-  });
+  pick->callback(
+      [&action, words] { action = [words](Session& session) { return Pick(session, *words); }; });
 
   const auto shapes = std::make_shared<Words>();
   CLI::App* graphic = app.add_subcommand("graphic", "Put selected graphics on the map");

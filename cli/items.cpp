@@ -36,10 +36,10 @@ using Matches = std::function<bool(std::size_t position, bool exactly)>;
 
 /// The one position that matches; exact matches hide the others.
 std::size_t FindOne(std::size_t count, const std::string& word, const std::string& what,
-                    const Matches& matches) {
+                    const std::string& where, const Matches& matches) {
   if (const auto number = NumberOf(word)) {
     if (*number < 1 || *number > count) {
-      throw Refusal("there is no " + what + " " + word + ": the numbers go from #1 to #" +
+      throw Refusal("there is no " + what + " " + word + where + ": the numbers go from #1 to #" +
                     std::to_string(count));
     }
     return *number - 1;
@@ -53,9 +53,10 @@ std::size_t FindOne(std::size_t count, const std::string& word, const std::strin
     if (hits.empty()) continue;
     std::string numbers;
     for (const std::size_t hit : hits) numbers += " #" + std::to_string(hit + 1);
-    throw Refusal("the name \"" + word + "\" stands more than once: say which" + numbers);
+    throw Refusal("the " + what + " \"" + word + "\"" + where +
+                  " stands more than once: say which," + numbers);
   }
-  throw Refusal("there is no " + what + " \"" + word + "\"");
+  throw Refusal("there is no " + what + " \"" + word + "\"" + where);
 }
 
 bool SameName(const Text& left, const Text& right, bool exactly) {
@@ -79,7 +80,7 @@ std::vector<Item> ItemsOf(const headless::HeadlessHost& host) {
 
 const Item& FindItem(const std::vector<Item>& items, const std::string& word) {
   const Text name = FromUtf8(word);
-  return items[FindOne(items.size(), word, "item", [&](std::size_t i, bool exactly) {
+  return items[FindOne(items.size(), word, "item", "", [&](std::size_t i, bool exactly) {
     return SameName(items[i].Name, name, exactly);
   })];
 }
@@ -116,8 +117,8 @@ std::vector<Field> FieldsOf(const Item& table) {
 const Field& FindField(const std::vector<Field>& fields, const Item& table,
                        const std::string& word) {
   const Text name = FromUtf8(word);
-  const std::string what = "field of \"" + ToUtf8(table.Name) + "\"";
-  return fields[FindOne(fields.size(), word, what, [&](std::size_t i, bool exactly) {
+  const std::string where = " of \"" + ToUtf8(table.Name) + "\"";
+  return fields[FindOne(fields.size(), word, "field", where, [&](std::size_t i, bool exactly) {
     return SameName(fields[i].Alias, name, exactly) || SameName(fields[i].Name, name, exactly);
   })];
 }
@@ -137,8 +138,8 @@ int OccurrenceOnOffer(headless::HeadlessHost& host, const Item& item) {
   std::vector<Text> texts;
   for (const bool layers : {true, false}) {
     for (const headless::TreeItem& each : headless::HeadlessHost::ItemsOf(focus)) {
-      const bool offered = layers ? each.object.Offers<IFeatureLayer>()
-                                  : each.object.Offers<IStandaloneTable>();
+      const bool offered =
+          layers ? each.object.Offers<IFeatureLayer>() : each.object.Offers<IStandaloneTable>();
       if (!offered || !IsValid({0, 0, {}, {}, each.object, focus})) continue;
       texts.push_back(NameOf(each.object));
       if (Same(each.object, item.Object)) return OccurrenceOf(texts, texts.size() - 1);

@@ -39,6 +39,19 @@ void ProgressPicture::Clear() {
   percent_ = -1;
 }
 
+std::streamsize ProgressPicture::Wiper::xsputn(const char* bytes, std::streamsize count) {
+  picture_.Clear();
+  return std::cerr.rdbuf()->sputn(bytes, count);
+}
+
+ProgressPicture::Wiper::int_type ProgressPicture::Wiper::overflow(int_type byte) {
+  if (traits_type::eq_int_type(byte, traits_type::eof())) return traits_type::not_eof(byte);
+  picture_.Clear();
+  return std::cerr.rdbuf()->sputc(traits_type::to_char_type(byte));
+}
+
+int ProgressPicture::Wiper::sync() { return std::cerr.rdbuf()->pubsync(); }
+
 void ProgressPicture::Draw(const headless::Progress& progress) {
   if (!progress.visible) return Clear();
   const int percent = PercentOf(progress);

@@ -30,19 +30,19 @@ constexpr Kind kKinds[] = {
 /// Rows of the editor's list by kind mark: their numbers there, in order.
 std::map<TextView, std::vector<int>> References(Session& session) {
   std::map<TextView, std::vector<int>> numbers;
-  session.Click(u"cmdQLDelete", {{u"frm_QLDelete", [&](Form& form) {
-                                    int number = 0;
-                                    for (const Text& row :
-                                         RowsOf(Get<ListBox>(form, u"lbxReferences"))) {
-                                      ++number;
-                                      for (const Kind& kind : kKinds) {
-                                        if (!kind.Mark.empty() && row.ends_with(kind.Mark)) {
-                                          numbers[kind.Mark].push_back(number);
-                                        }
-                                      }
-                                    }
-                                    Dismiss(form);
-                                  }}});
+  session.Click(u"cmdQLDelete",
+                {{u"frm_QLDelete", [&](Form& form) {
+                    int number = 0;
+                    for (const Text& row : RowsOf(Get<ListBox>(form, u"lbxReferences"))) {
+                      ++number;
+                      for (const Kind& kind : kKinds) {
+                        if (!kind.Mark.empty() && row.ends_with(kind.Mark)) {
+                          numbers[kind.Mark].push_back(number);
+                        }
+                      }
+                    }
+                    Dismiss(form);
+                  }}});
   return numbers;
 }
 
@@ -93,15 +93,15 @@ int Jump(Session& session, const Kind& kind, int number) {
     chosen = !form.Visible();
     Dismiss(form);
   };
-  const Outcome outcome =
-      session.Click(u"cmdQuickLoad", {{Text(kForm), work}, ReadReports()});
+  const Outcome outcome = session.Click(u"cmdQuickLoad", {{Text(kForm), work}, ReadReports()});
   return chosen && outcome.Untroubled() ? kDone : kFailed;
 }
 
 }  // namespace
 
 void AddQuickLoadActions(CLI::App& app, Action& action) {
-  CLI::App* quickload = app.add_subcommand("quickload", "The module's shortcuts, and their editors");
+  CLI::App* quickload =
+      app.add_subcommand("quickload", "The module's shortcuts, and their editors");
   quickload->require_subcommand(1);
   quickload->add_subcommand("list", "List them; \"delete\" has the numbers for quickload delete")
       ->callback([&action] { action = List; });

@@ -42,6 +42,7 @@ Session::Session(const std::string& module)
     : host_(module),
       progress_(std::make_unique<ProgressPicture>(host_.StatusBar())),
       shell_(std::make_unique<HeldShell>(*host_.HostServices().shell)) {
+  host_.Boxes().SetStream(progress_->Errors());
   host_.Boxes().SetAnswer([this](const Text& text, int style, const Text& title) {
     return AnswerBox(text, style, title);
   });
@@ -50,7 +51,7 @@ Session::Session(const std::string& module)
   component_ = host::Component::Load(ComponentFile(), services);
 }
 
-Session::~Session() { commands_.clear(); }
+Session::~Session() = default;
 
 void Session::Use(const Choices& choices) {
   choices_ = choices;
@@ -79,8 +80,9 @@ bool Session::Enabled(TextView className) {
     return Command(className)->Enabled();
   } catch (const Failure& failure) {
     if (toldOf_.insert(Text(className)).second) {
-      std::cerr << ToUtf8(className) << " can't tell whether it is enabled: "
-                << ToUtf8(failure.Description) << " (" << failure.Number << ")" << std::endl;
+      std::cerr << ToUtf8(className)
+                << " can't tell whether it is enabled: " << ToUtf8(failure.Description) << " ("
+                << failure.Number << ")" << std::endl;
     }
   }
   return false;

@@ -139,7 +139,8 @@ int Summarize(Session& session, const SummarizeOptions& options) {
     std::erase_if(inTree, [&by](const Field& each) { return each.Number == by.Number; });
     for (const auto& [statistic, field] : statistics) {
       if (field->Number == by.Number) {
-        throw Refusal("\"" + ToUtf8(by.Alias) + "\" is what is summarized by: it has no statistics");
+        throw Refusal("\"" + ToUtf8(by.Alias) +
+                      "\" is what is summarized by: it has no statistics");
       }
       Tick(tree, FieldNode(tree, inTree, *field), statistic);
     }

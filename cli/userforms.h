@@ -16,7 +16,6 @@ struct FormAction {
 };
 inline constexpr FormAction kFormActions[] = {
     {u"brelmon_ThemeIDDialog", "the action statistics"},
-    {u"frmReport_modal", "one of the actions"},
     {u"brelmon_ModQueryDialog", "the actions query and values"},
     {u"frm_Brelmon_Summarize", "the action summarize"},
     {u"brelmon_QuickJumpDialog", "the action quickload"},

@@ -16,7 +16,7 @@ class Splitter {
       const char unit = line_[at_];
       if (unit == ' ' || unit == '\t' || unit == '\r') {
         EndWord();
-      } else if (unit == '#' && !inWord_) {
+      } else if (unit == '#' && !inWord_ && !AtNumber()) {
         break;
       } else {
         Take(unit);
@@ -45,6 +45,13 @@ class Splitter {
       word_ += line_[at_];
     }
     if (at_ == line_.size()) throw std::runtime_error(std::string("no closing ") + quote);
+  }
+  /// "#3" behind other words.
+  bool AtNumber() const {
+    const auto end = line_.find_first_not_of("0123456789", at_ + 1);
+    const bool ends =
+        end == std::string::npos || line_[end] == ' ' || line_[end] == '\t' || line_[end] == '\r';
+    return !words_.empty() && ends && end != at_ + 1 && at_ + 1 < line_.size();
   }
   void EndWord() {
     if (inWord_) words_.push_back(std::move(word_));

@@ -8,8 +8,8 @@
 namespace brelmon::cli {
 
 /// Blanks part words; '...' keeps everything, "..." everything but \" and \\, a backslash the unit
-/// behind it; # at the start of a word begins a comment. Throws std::runtime_error on an open
-/// quote.
+/// behind it; # at the start of a word begins a comment, unless the word is one of the numbers
+/// that stand behind an action ("fields #3"). Throws std::runtime_error on an open quote.
 std::vector<std::string> SplitWords(const std::string& line);
 
 }  // namespace brelmon::cli

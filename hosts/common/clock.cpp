@@ -31,9 +31,10 @@ bool TakeOneOf(std::string_view& text, std::string_view marks) {
 
 std::optional<CivilTime> ParseIsoTime(std::string_view text) {
   CivilTime time;
-  if (!TakeNumber(text, 4, time.year) || !TakeOneOf(text, "-") || !TakeNumber(text, 2, time.month) ||
-      !TakeOneOf(text, "-") || !TakeNumber(text, 2, time.day) || !TakeOneOf(text, "T ") ||
-      !TakeNumber(text, 2, time.hour) || !TakeOneOf(text, ":") || !TakeNumber(text, 2, time.minute)) {
+  if (!TakeNumber(text, 4, time.year) || !TakeOneOf(text, "-") ||
+      !TakeNumber(text, 2, time.month) || !TakeOneOf(text, "-") || !TakeNumber(text, 2, time.day) ||
+      !TakeOneOf(text, "T ") || !TakeNumber(text, 2, time.hour) || !TakeOneOf(text, ":") ||
+      !TakeNumber(text, 2, time.minute)) {
     return {};
   }
   if (TakeOneOf(text, ":") && !TakeNumber(text, 2, time.second)) return {};

@@ -4,6 +4,7 @@
 
 #include <dlfcn.h>
 
+#include <filesystem>
 #include <stdexcept>
 
 #include "hosts/common/hostfailure.h"
@@ -38,7 +39,7 @@ class LoadedComponent : public Component {
       throw std::runtime_error("the component takes no services");
     }
     sink_ = static_cast<IServiceSink*>(sink);
-    sink_->Attach(services, Paths().ToWindows(path));
+    sink_->Attach(services, Paths().ToWindows(std::filesystem::absolute(path).string()));
     if (registerServer() != hresult::kOk) {
       sink_->Detach();
       throw std::runtime_error("the component can't register its classes");

@@ -12,7 +12,8 @@ inline constexpr TextView kFailureSource = u"Brelmon host";
 
 /// `reason` is UTF-8; empty gives the platform's own words for the number.
 [[noreturn]] inline void Fail(std::int32_t number, std::string_view reason = {}) {
-  throw Failure(number, Text(kFailureSource), reason.empty() ? DescriptionOf(number) : FromUtf8(reason));
+  throw Failure(number, Text(kFailureSource),
+                reason.empty() ? DescriptionOf(number) : FromUtf8(reason));
 }
 
 }  // namespace brelmon::host

@@ -10,15 +10,13 @@ namespace {
 
 /// Words that are part of the language where they stand bare and unfollowed by a parenthesis.
 constexpr std::array<TextView, 41> kKeywords = {
-    u"all",          u"and",          u"any",    u"as",      u"asc",
-    u"between",      u"case",         u"cast",   u"collate", u"current_date",
-    u"current_time", u"current_timestamp", u"desc", u"distinct", u"else",
-    u"end",          u"escape",       u"exists", u"false",   u"filter",
-    u"from",         u"glob",         u"ilike",  u"in",      u"is",
-    u"isnull",       u"like",         u"limit",  u"match",   u"mod",
-    u"not",          u"notnull",      u"null",   u"nulls",   u"or",
-    u"over",         u"regexp",       u"similar", u"then",   u"true",
-    u"when"};
+    u"all",    u"and",      u"any",     u"as",           u"asc",          u"between",
+    u"case",   u"cast",     u"collate", u"current_date", u"current_time", u"current_timestamp",
+    u"desc",   u"distinct", u"else",    u"end",          u"escape",       u"exists",
+    u"false",  u"filter",   u"from",    u"glob",         u"ilike",        u"in",
+    u"is",     u"isnull",   u"like",    u"limit",        u"match",        u"mod",
+    u"not",    u"notnull",  u"null",    u"nulls",        u"or",           u"over",
+    u"regexp", u"similar",  u"then",    u"true",         u"when"};
 
 enum class Kind { End, Word, QuotedName, String, Number, Open, Close, Dot, Semicolon, Other };
 

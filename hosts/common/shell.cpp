@@ -42,7 +42,8 @@ bool Children::Spawn(const std::vector<std::string>& words) {
 
 bool IsWebAddress(TextView file) {
   const std::size_t colon = file.find(u':');
-  return colon != TextView::npos && colon > 1 && file.substr(0, colon).find(u'\\') == TextView::npos;
+  return colon != TextView::npos && colon > 1 &&
+         file.substr(0, colon).find(u'\\') == TextView::npos;
 }
 
 class SystemShell : public IShell {
@@ -64,7 +65,8 @@ class SystemShell : public IShell {
   void Run(const Text& program) override {
     const auto system = paths_.ToSystem(program);
     if (!system || !FileExists(*system)) Fail(failure::kFileNotFound);
-    if (::access(system->c_str(), X_OK) != 0 || !children_.Spawn({*system})) Fail(failure::kInvalidCall);
+    if (::access(system->c_str(), X_OK) != 0 || !children_.Spawn({*system}))
+      Fail(failure::kInvalidCall);
   }
 
   bool GetUserName(Text& name) override {

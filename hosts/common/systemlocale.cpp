@@ -109,10 +109,10 @@ void FillNames(const icu::Locale& system, Locale& locale) {
 
 void FillPatterns(const icu::Locale& system, Locale& locale) {
   using icu::DateFormat;
-  locale.ShortDatePattern =
-      PatternOf(DateFormat::createDateInstance(DateFormat::kShort, system), locale.ShortDatePattern);
-  locale.LongTimePattern =
-      PatternOf(DateFormat::createTimeInstance(DateFormat::kMedium, system), locale.LongTimePattern);
+  locale.ShortDatePattern = PatternOf(DateFormat::createDateInstance(DateFormat::kShort, system),
+                                      locale.ShortDatePattern);
+  locale.LongTimePattern = PatternOf(DateFormat::createTimeInstance(DateFormat::kMedium, system),
+                                     locale.LongTimePattern);
   locale.LongDatePattern =
       PatternOf(DateFormat::createDateInstance(DateFormat::kFull, system), locale.LongDatePattern);
 }

@@ -47,9 +47,7 @@ class UniqueValuesOfField : public IDataStatistics {
     values_.reset();
   }
   Ref<IEnumValue> UniqueValues() override { return New<ValueWalk>(Gathered()); }
-  std::int32_t UniqueValueCount() override {
-    return static_cast<std::int32_t>(Gathered()->size());
-  }
+  std::int32_t UniqueValueCount() override { return static_cast<std::int32_t>(Gathered()->size()); }
 
  private:
   const std::shared_ptr<std::vector<Value>>& Gathered() {
@@ -60,7 +58,8 @@ class UniqueValuesOfField : public IDataStatistics {
   std::shared_ptr<std::vector<Value>> Gather() {
     const Ref<ICursorFields> fields = cursor_.As<ICursorFields>();
     const std::int32_t index = fields ? fields->FindField(field_) : -1;
-    if (index < 0) Fail(failure::kInvalidCall, "The cursor has no field \"" + ToUtf8(field_) + "\".");
+    if (index < 0)
+      Fail(failure::kInvalidCall, "The cursor has no field \"" + ToUtf8(field_) + "\".");
     fields->ReadOnly(index);
     auto values = std::make_shared<std::vector<Value>>();
     Seen seen;

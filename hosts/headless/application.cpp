@@ -24,8 +24,9 @@ class RefusingCommand : public ICommandItem {
  public:
   explicit RefusingCommand(const char* name) : name_(name) {}
   void Execute() override {
-    host::Fail(failure::kNotSupported,
-               std::string(name_) + " is a dialog of a desktop map; there is none without a screen.");
+    host::Fail(
+        failure::kNotSupported,
+        std::string(name_) + " is a dialog of a desktop map; there is none without a screen.");
   }
 
  private:
@@ -72,7 +73,8 @@ void ProgressBar::ShowProgressBar(const Text& message, std::int32_t minimum, std
 
 void ProgressBar::StepProgressBar() {
   if (!now_.visible) return;
-  now_.position = now_.position > now_.maximum - now_.step ? now_.maximum : now_.position + now_.step;
+  now_.position =
+      now_.position > now_.maximum - now_.step ? now_.maximum : now_.position + now_.step;
   Tell();
 }
 

@@ -17,18 +17,22 @@ namespace brelmon::headless {
 class CatalogAnswers {
  public:
   /// System paths that the user chooses or, for a save dialog, the one that is to be written.
-  void Choose(std::vector<std::string> systemPaths) { answers_.emplace_back(std::move(systemPaths)); }
+  void Choose(std::vector<std::string> systemPaths) {
+    answers_.emplace_back(std::move(systemPaths));
+  }
   void Cancel() { answers_.emplace_back(std::nullopt); }
   void Forget() { answers_.clear(); }
 
-  /// Unset where the user cancels. Fails with 445 where no answer is left; `title` names the dialog.
+  /// Unset where the user cancels. Fails with 445 where no answer is left; `title` names the
+  /// dialog.
   std::optional<std::vector<std::string>> Take(const Text& title);
 
  private:
   std::deque<std::optional<std::vector<std::string>>> answers_;
 };
 
-Ref<IGxDialog> NewGxDialog(std::shared_ptr<CatalogAnswers> answers, host::Paths paths = host::Paths());
+Ref<IGxDialog> NewGxDialog(std::shared_ptr<CatalogAnswers> answers,
+                           host::Paths paths = host::Paths());
 /// Offers IGxFile and IGxObject too.
 Ref<IGxLayer> NewGxLayer(host::Paths paths = host::Paths());
 

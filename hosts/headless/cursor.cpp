@@ -77,7 +77,8 @@ class Cursor : public ICursor, public host::ICursorFields {
  private:
   void NoteFields() {
     auto read = std::make_shared<ReadFields>(source_->Fields().size(), request_.allFields);
-    for (const std::int32_t field : request_.fields) (*read)[static_cast<std::size_t>(field)] = true;
+    for (const std::int32_t field : request_.fields)
+      (*read)[static_cast<std::size_t>(field)] = true;
     read_ = std::move(read);
   }
 
@@ -128,9 +129,9 @@ class Cursor : public ICursor, public host::ICursorFields {
 
 std::vector<std::int32_t> FieldsNamed(const VectorSource& source, const Text& subFields) {
   std::vector<std::int32_t> fields;
-  const CPLStringList names(
-      CSLTokenizeString2(ToUtf8(subFields).c_str(), ",", CSLT_STRIPLEADSPACES | CSLT_STRIPENDSPACES),
-      TRUE);
+  const CPLStringList names(CSLTokenizeString2(ToUtf8(subFields).c_str(), ",",
+                                               CSLT_STRIPLEADSPACES | CSLT_STRIPENDSPACES),
+                            TRUE);
   for (int i = 0; i < names.size(); ++i) {
     fields.push_back(source.FindField(FromUtf8(names[i])));
     if (fields.back() < 0) {
@@ -144,8 +145,7 @@ std::vector<std::int32_t> FieldsNamed(const VectorSource& source, const Text& su
 }  // namespace
 
 Ref<ICursor> NewCursor(const std::shared_ptr<VectorSource>& source, const Text& clause,
-                       const Text& subFields, bool recycling,
-                       std::shared_ptr<const RowIds> only) {
+                       const Text& subFields, bool recycling, std::shared_ptr<const RowIds> only) {
   RowRequest request;
   request.clause = clause;
   request.allFields = subFields.empty() || subFields == u"*";

@@ -88,9 +88,7 @@ class DataFrame : public IDataFrame,
   // View. There is nothing to be drawn.
   void PartialRefresh(DrawPhase, const Ref<IObject>&, const Ref<IEnvelope>&) override {}
   void Refresh() override {}
-  Ref<IEnvelope> Extent() override {
-    return extent_ ? EnvelopeOf(*extent_) : FullExtent();
-  }
+  Ref<IEnvelope> Extent() override { return extent_ ? EnvelopeOf(*extent_) : FullExtent(); }
   Ref<IEnvelope> FullExtent() override {
     OGREnvelope whole;
     for (const TreeItem& item : items_) {

@@ -91,11 +91,12 @@ class MapDocument : public IMxDocument,
       views_.push_back(New<ContentsViewObject>(Text(tab), selection_));
     }
     view_ = views_[0];
-    for (const TreeNode& frame : DataFrames(project)) frames_->maps.push_back(MakeFrame(project, frame));
+    for (const TreeNode& frame : DataFrames(project))
+      frames_->maps.push_back(MakeFrame(project, frame));
     focus_ = frames_->maps[0];
-    const auto visible = std::find_if(frames_->maps.begin(), frames_->maps.end(), [](const Ref<IMap>& map) {
-      return map.As<IDataFrame>()->Visible();
-    });
+    const auto visible =
+        std::find_if(frames_->maps.begin(), frames_->maps.end(),
+                     [](const Ref<IMap>& map) { return map.As<IDataFrame>()->Visible(); });
     if (visible != frames_->maps.end()) focus_ = *visible;
     if (project.extent) {
       const auto& [xMin, yMin, xMax, yMax] = *project.extent;

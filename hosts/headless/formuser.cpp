@@ -48,7 +48,8 @@ class ModelessFrames::Frame : public IModelessFrame, public IWindowPosition {
  private:
   std::int32_t Pixels(Twips (Form::*size)()) const {
     const auto form = form_.lock();
-    return form ? static_cast<std::int32_t>(std::lround((form.get()->*size)() / kTwipsPerPixel)) : 0;
+    return form ? static_cast<std::int32_t>(std::lround((form.get()->*size)() / kTwipsPerPixel))
+                : 0;
   }
 
   std::weak_ptr<Form> form_;  // the form holds its frame

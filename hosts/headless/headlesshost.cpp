@@ -71,8 +71,8 @@ struct HeadlessHost::Parts {
   std::unique_ptr<IShell> shell = host::NewShell();
   std::unique_ptr<IHostObjects> objects = NewHostObjects({&boxes, &modeless, &tables, catalog});
   Ref<IMxDocument> document = NewDocument(project, FindHostCommand);
-  Ref<IApplication> application = NewApplication(document, Ref<IStatusBar>(statusBar),
-                                                 host::Paths().ToWindows(project.file));
+  Ref<IApplication> application =
+      NewApplication(document, Ref<IStatusBar>(statusBar), host::Paths().ToWindows(project.file));
   Services services = Gathered();
   ServicesScope scope{services};
 };

@@ -23,7 +23,8 @@ class NoSummarizeDialog : public ISummarizeDialog {
   void DoModal(std::int32_t) override {
     host::Fail(failure::kNotSupported,
                "Summarize is a dialog of a desktop map; there is none without a screen (it would "
-               "have opened on the field " + ToUtf8(field_) + ").");
+               "have opened on the field " +
+                   ToUtf8(field_) + ").");
   }
 
  private:

@@ -102,12 +102,11 @@ LayerDefinition ReadLayer(const pugi::xml_node& xml) {
 bool IsMarkedAsDataFrame(const pugi::xml_node& group) {
   const pugi::xml_node properties = group.child("customproperties");
   const auto holds = [](const pugi::xml_node& parent, const char* tag, const char* nameOf) {
-    return std::any_of(parent.children(tag).begin(), parent.children(tag).end(),
-                       [&](const pugi::xml_node& entry) {
-                         return std::string(entry.attribute(nameOf).as_string()) ==
-                                    "brelmon/dataFrame" &&
-                                entry.attribute("value").as_bool();
-                       });
+    return std::any_of(
+        parent.children(tag).begin(), parent.children(tag).end(), [&](const pugi::xml_node& entry) {
+          return std::string(entry.attribute(nameOf).as_string()) == "brelmon/dataFrame" &&
+                 entry.attribute("value").as_bool();
+        });
   };
   return holds(properties.child("Option"), "Option", "name") ||
          holds(properties, "property", "key");

@@ -24,8 +24,8 @@ std::vector<Text> KnownNames(const VectorSource& source) {
   if (source.HasOwnSql()) {
     names.insert(names.end(), {u"rowid", u"oid", u"_rowid_", source.GeometryField()});
   } else {
-    names.insert(names.end(), {u"FID", u"OGR_GEOMETRY", u"OGR_STYLE", u"OGR_GEOM_WKT",
-                               u"OGR_GEOM_AREA"});
+    names.insert(names.end(),
+                 {u"FID", u"OGR_GEOMETRY", u"OGR_STYLE", u"OGR_GEOM_WKT", u"OGR_GEOM_AREA"});
   }
   return names;
 }
@@ -123,8 +123,7 @@ GIntBig CountRows(VectorSource& source, const Text& clause) {
   return count;
 }
 
-RowIds IdsOfRows(VectorSource& source, const Text& clause, const OGRGeometry* shape,
-                 bool justOne) {
+RowIds IdsOfRows(VectorSource& source, const Text& clause, const OGRGeometry* shape, bool justOne) {
   RowIds ids;
   if (host::IsBlank(clause) && shape == nullptr && !justOne && source.HasDenseIds()) {
     ids.resize(static_cast<std::size_t>(source.TotalRows()));
@@ -137,7 +136,8 @@ RowIds IdsOfRows(VectorSource& source, const Text& clause, const OGRGeometry* sh
     OGREnvelope box;
     shape->getEnvelope(&box);
     rows->SetSpatialFilterRect(box.MinX, box.MinY, box.MaxX, box.MaxY);
-    prepared.reset(OGRCreatePreparedGeometry(OGRGeometry::ToHandle(const_cast<OGRGeometry*>(shape))));
+    prepared.reset(
+        OGRCreatePreparedGeometry(OGRGeometry::ToHandle(const_cast<OGRGeometry*>(shape))));
   }
   while (const OGRFeatureUniquePtr row{rows->GetNextFeature()}) {
     if (shape != nullptr) {

@@ -30,8 +30,8 @@ struct RowRequest {
 /// Ready to read from the first row on.
 VectorSource::Handle OpenRows(VectorSource& source, const RowRequest& request);
 
-/// Whether GDAL's last error, since rows were opened, broke off the reading. An expression that GDAL
-/// itself evaluates complains of each null among dates and goes on.
+/// Whether GDAL's last error, since rows were opened, broke off the reading. An expression that
+/// GDAL itself evaluates complains of each null among dates and goes on.
 bool ReadingBroke(const VectorSource& source, const Text& clause);
 
 GIntBig CountRows(VectorSource& source, const Text& clause);

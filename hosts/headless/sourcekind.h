@@ -8,7 +8,8 @@
 
 namespace brelmon::headless {
 
-/// "Shapefile", "Personal Geodatabase", "SDE", ...; `driver` is empty for data that can't be opened.
+/// "Shapefile", "Personal Geodatabase", "SDE", ...; `driver` is empty for data that can't be
+/// opened.
 Text KindOf(const std::string& path, const std::string& driver);
 /// Whether a file of that kind is one table, so that its folder is the workspace.
 bool HoldsOneTable(const Text& kind);

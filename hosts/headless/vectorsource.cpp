@@ -68,7 +68,8 @@ VectorSource::VectorSource(SourceAddress address)
   GDALDatasetUniquePtr dataset = OpenDataset();
   OGRLayer* layer = dataset ? LayerOf(*dataset) : nullptr;
   if (layer == nullptr) {
-    problem_ = dataset ? "there is no table \"" + address_.layer + "\" in it" : CPLGetLastErrorMsg();
+    problem_ =
+        dataset ? "there is no table \"" + address_.layer + "\" in it" : CPLGetLastErrorMsg();
     if (problem_.empty()) problem_ = "it can't be opened";
     return;
   }
@@ -97,8 +98,8 @@ void VectorSource::ReadShape(GDALDataset& dataset, OGRLayer& layer) {
   isShapefile_ = driver == "ESRI Shapefile";
   ownSql_ = HasSqlOfItsOwn(driver);
   layerName_ = layer.GetName();
-  const bool elsewhere = driver == "CSV" && !address_.encoding.empty() &&
-                         !EQUAL(address_.encoding.c_str(), "UTF-8");
+  const bool elsewhere =
+      driver == "CSV" && !address_.encoding.empty() && !EQUAL(address_.encoding.c_str(), "UTF-8");
   if (elsewhere) recode_ = address_.encoding;
   hasGeometry_ = layer.GetGeomType() != wkbNone;
   const std::string column = layer.GetGeometryColumn();
@@ -153,8 +154,7 @@ VectorSource::Handle VectorSource::Open() {
   GDALDatasetUniquePtr dataset = OpenDataset();
   OGRLayer* layer = dataset ? LayerOf(*dataset) : nullptr;
   if (layer == nullptr) {
-    host::Fail(failure::kFileNotFound,
-               "The data can't be reached any more: " + address_.path);
+    host::Fail(failure::kFileNotFound, "The data can't be reached any more: " + address_.path);
   }
   return {shared_from_this(), std::move(dataset), layer};
 }

@@ -21,7 +21,8 @@ void FramesInOrder(World& world) {
   ExpectEqual(maps->Item(1)->Name(), u"Weather and storms", "second frame");
   Expect(Same(world.Document()->FocusMap(), maps->Item(0)), "the visible frame has the focus");
   Expect(Same(world.Document()->ActiveView(), world.Document()->FocusMap()), "the view is the map");
-  ExpectFailure(failure::kSubscript, [&] { maps->Item(2); }, "a frame out of bounds");
+  ExpectFailure(
+      failure::kSubscript, [&] { maps->Item(2); }, "a frame out of bounds");
 }
 
 void LayersInTreeOrder(World& world) {
@@ -64,7 +65,8 @@ void OneObjectALayer(World& world) {
   Expect(!Same(quakes, LayerNamed(world, u"storms")), "two layers are two objects");
   world.Pick({quakes});
   Expect(Same(world.Document()->SelectedItem(), quakes), "the selected item is the layer");
-  Expect(Same(TableNamed(world, u"weather"), TableNamed(world, u"weather")), "a table is one object");
+  Expect(Same(TableNamed(world, u"weather"), TableNamed(world, u"weather")),
+         "a table is one object");
 }
 
 void PickedItems(World& world) {
@@ -96,10 +98,12 @@ void PathOfTheDocument(World& world) {
   const Ref<ITemplates> templates = world.Application()->Templates();
   const Text path = templates->Item(templates->Count() - 1);
   Expect(path.substr(0, 3) == u"Z:\\", "the document's path is a Windows path");
-  Expect(path.size() > 10 && path.substr(path.size() - 10) == u"\\earth.qgs", "the document's path");
+  Expect(path.size() > 10 && path.substr(path.size() - 10) == u"\\earth.qgs",
+         "the document's path");
   ExpectEqual(world.Files().Attributes(path), 0, "the document is a file");
   ExpectEqual(world.Files().Attributes(path.substr(0, path.size() - 10)), 16, "it is in a folder");
-  ExpectFailure(failure::kFileNotFound, [&] { world.Files().Attributes(path + u"x"); }, "no file");
+  ExpectFailure(
+      failure::kFileNotFound, [&] { world.Files().Attributes(path + u"x"); }, "no file");
 }
 
 }  // namespace

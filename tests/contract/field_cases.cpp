@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Fields, their types and how they are shown; what sources are called.
-#include "tests/contract/contract.h"
 #include "platform/workspace.h"
+#include "tests/contract/contract.h"
 
 namespace brelmon::contract {
 namespace {
@@ -40,8 +40,10 @@ void FindingFields(World& world) {
   ExpectEqual(quakes->FindField(u"Place "), -1, "no field");
   ExpectEqual(quakes->Fields()->Field(8)->Name(), u"STATIONS", "a field by index");
   const auto layerFields = LayerNamed(world, u"quakes").As<ILayerFields>();
-  ExpectFailure(failure::kSubscript, [&] { layerFields->Field(12); }, "a field out of bounds");
-  ExpectFailure(failure::kSubscript, [&] { layerFields->FieldInfo(-1); }, "a field below 0");
+  ExpectFailure(
+      failure::kSubscript, [&] { layerFields->Field(12); }, "a field out of bounds");
+  ExpectFailure(
+      failure::kSubscript, [&] { layerFields->FieldInfo(-1); }, "a field below 0");
 }
 
 void SourcesByName(World& world) {
@@ -66,7 +68,8 @@ void Workspaces(World& world) {
   const Ref<IWorkspace> workspace = factory->OpenFromFile(folder, 0);
   Expect(workspace->Exists() && workspace.Offers<IDataset>(), "a workspace");
   Expect(static_cast<bool>(workspace.As<IDataset>()->FullName()), "its full name");
-  Expect(!factory->OpenFromFile(folder + u"nowhere\\", 0)->Exists(), "a workspace that isn't there");
+  Expect(!factory->OpenFromFile(folder + u"nowhere\\", 0)->Exists(),
+         "a workspace that isn't there");
 }
 
 }  // namespace

@@ -20,14 +20,16 @@ void DeletedLayersFail(World& world) {
   const Ref<IEnumLayer> layers = map->Layers({}, true);
   while (const Ref<ILayer> layer = layers->Next()) Expect(!Same(layer, storms), "a deleted layer");
   Expect(!storms->Valid(), "a deleted layer is not valid");
-  ExpectFailure(failure::kNoSuchObject, [&] { storms.As<ITable>()->RowCount({}); },
-                "rows of a deleted layer");
+  ExpectFailure(
+      failure::kNoSuchObject, [&] { storms.As<ITable>()->RowCount({}); },
+      "rows of a deleted layer");
   const auto tables = map.As<IStandaloneTableCollection>();
   const Ref<IStandaloneTable> weather = TableNamed(world, u"weather");
   tables->RemoveStandaloneTable(weather);
   ExpectEqual(tables->StandaloneTableCount(), 1, "tables left");
-  ExpectFailure(failure::kNoSuchObject, [&] { weather.As<ITable>()->Search({}, true); },
-                "rows of a removed table");
+  ExpectFailure(
+      failure::kNoSuchObject, [&] { weather.As<ITable>()->Search({}, true); },
+      "rows of a removed table");
 }
 
 void NewFrames(World& world) {
@@ -102,7 +104,8 @@ void TableWindows(World& world) {
   window.As<ITableWindow2>()->SetTableSelectionAction(2);
   window.As<ITableWindow2>()->SetLayerDisplay(true);
   window->Show(true);
-  const Ref<ITableWindow> found = world.Objects().NewTableWindow()->FindViaFeatureLayer(quakes, false);
+  const Ref<ITableWindow> found =
+      world.Objects().NewTableWindow()->FindViaFeatureLayer(quakes, false);
   Expect(static_cast<bool>(found), "the open window is found");
   found->Show(true);
   const auto weather = TableNamed(world, u"weather");

@@ -17,11 +17,12 @@ void ValuesOfAllKinds(World& world) {
   ExpectEqual(FirstValue(stations, u"OPENED", u"\"fid\" = 8").ToDate().Serial,
               ToDate({2006, 4, 3, 0, 0, 0}).Serial, "date");
   Expect(FirstValue(stations, u"ELEV_M", u"\"fid\" = 11").IsNull(), "a null is null, not 0");
-  ExpectFailure(failure::kInvalidUseOfNull,
-                [&] { FirstValue(stations, u"ELEV_M", u"\"fid\" = 11").ToDouble(); }, "null as number");
+  ExpectFailure(
+      failure::kInvalidUseOfNull,
+      [&] { FirstValue(stations, u"ELEV_M", u"\"fid\" = 11").ToDouble(); }, "null as number");
   const Ref<ILayer> countries = LayerNamed(world, u"countries");
-  ExpectEqual(FirstValue(countries, u"NAME", u"\"ISO_A3\" = 'CIV'").ToText(),
-              u"C\u00F4te d'Ivoire", "letters outside of ASCII");
+  ExpectEqual(FirstValue(countries, u"NAME", u"\"ISO_A3\" = 'CIV'").ToText(), u"C\u00F4te d'Ivoire",
+              "letters outside of ASCII");
 }
 
 void CursorsOfTheirOwn(World& world) {
@@ -35,7 +36,8 @@ void CursorsOfTheirOwn(World& world) {
   ExpectEqual(kept->Value(0).ToDouble(), magnitude, "a row that is kept");
   ExpectEqual(RowsOf(one), 1706, "rows of the first cursor");
   Expect(!one->NextRow(), "the end stays the end");
-  ExpectFailure(failure::kSubscript, [&] { kept->Value(12); }, "a value out of bounds");
+  ExpectFailure(
+      failure::kSubscript, [&] { kept->Value(12); }, "a value out of bounds");
 }
 
 void QueriesAndCounts(World& world) {
@@ -49,9 +51,10 @@ void QueriesAndCounts(World& world) {
   ExpectEqual(RowsOf(quakes->Search(Where(strong, u"MAG"), true)), count, "rows with one field");
   const Ref<IRowBuffer> row = quakes->Search(Where(u"", u"MAG"), true)->NextRow();
   Expect(!row->Value(0).IsEmpty() && !row->Value(0).IsNull(), "the field that is read");
-  ExpectEqual(TableNamed(world, u"weather")->Table()->RowCount(Where(u"\"TMIN_C\" < 0")),
-              RowsOf(TableNamed(world, u"weather")->Table()->Search(Where(u"\"TMIN_C\" < 0"), true)),
-              "a table's rows");
+  ExpectEqual(
+      TableNamed(world, u"weather")->Table()->RowCount(Where(u"\"TMIN_C\" < 0")),
+      RowsOf(TableNamed(world, u"weather")->Table()->Search(Where(u"\"TMIN_C\" < 0"), true)),
+      "a table's rows");
 }
 
 void RefusedQueries(World& world) {
@@ -63,14 +66,17 @@ void RefusedQueries(World& world) {
           Text(u"( \"MAG\" > "), Text(u"\"fid\" = 1) OR (1 = 1"), Text(u"'O'Brien' = 'x'")}) {
       const auto filter = Where(clause);
       const std::string what = ToUtf8(name + u" where " + clause);
-      ExpectFailure(failure::kRefused, [&] { table->Search(filter, false); }, what);
-      ExpectFailure(failure::kRefused, [&] { table->RowCount(filter); }, "counting " + what);
-      ExpectFailure(failure::kRefused,
-                    [&] { table.As<ITableDefinition>()->SetDefinitionExpression(clause); },
-                    "filter of " + what);
+      ExpectFailure(
+          failure::kRefused, [&] { table->Search(filter, false); }, what);
+      ExpectFailure(
+          failure::kRefused, [&] { table->RowCount(filter); }, "counting " + what);
+      ExpectFailure(
+          failure::kRefused, [&] { table.As<ITableDefinition>()->SetDefinitionExpression(clause); },
+          "filter of " + what);
     }
     ExpectEqual(table->RowCount({}), before, "rows after refusals");
-    ExpectEqual(table.As<ITableDefinition>()->DefinitionExpression(), u"", "definition after refusals");
+    ExpectEqual(table.As<ITableDefinition>()->DefinitionExpression(), u"",
+                "definition after refusals");
   }
 }
 
@@ -78,11 +84,13 @@ void Definitions(World& world) {
   const Ref<ILayer> layer = LayerNamed(world, u"Stations");
   const Ref<ITable> table = layer.As<ITable>();
   const Ref<ITableDefinition> definition = layer.As<ITableDefinition>();
-  layer.As<IFeatureSelection>()->SelectFeatures(Where(u"\"fid\" <= 3"), SelectionMethod::New, false);
+  layer.As<IFeatureSelection>()->SelectFeatures(Where(u"\"fid\" <= 3"), SelectionMethod::New,
+                                                false);
   definition->SetDefinitionExpression(u"\"fid\" >= 3");
   ExpectEqual(definition->DefinitionExpression(), u"\"fid\" >= 3", "the text as it was set");
   ExpectEqual(table->RowCount({}), 10, "rows under the filter");
-  ExpectEqual(table->RowCount(Where(u"\"fid\" <= 4 OR \"fid\" = 1")), 2, "a query under the filter");
+  ExpectEqual(table->RowCount(Where(u"\"fid\" <= 4 OR \"fid\" = 1")), 2,
+              "a query under the filter");
   ExpectEqual(layer.As<ITableSelection>()->SelectionSet()->Count(), 3, "the selection stays");
   definition->SetDefinitionExpression(u"");
   ExpectEqual(table->RowCount({}), 12, "rows without a filter");

@@ -18,12 +18,12 @@ void MethodsOnALayer(World& world) {
     SelectionMethod method;
     std::int32_t due;
   };
-  for (const Row& row : {Row{u"\"fid\" <= 5", SelectionMethod::New, 5},
-                         Row{u"\"fid\" BETWEEN 4 AND 8", SelectionMethod::Add, 8},
-                         Row{u"\"fid\" IN (1, 2, 12)", SelectionMethod::Subtract, 6},
-                         Row{u"\"fid\" > 6", SelectionMethod::And, 2},
-                         Row{u"\"fid\" > 7", SelectionMethod::Xor, 5},
-                         Row{u"\"fid\" = 999", SelectionMethod::New, 0}}) {
+  for (const Row& row :
+       {Row{u"\"fid\" <= 5", SelectionMethod::New, 5},
+        Row{u"\"fid\" BETWEEN 4 AND 8", SelectionMethod::Add, 8},
+        Row{u"\"fid\" IN (1, 2, 12)", SelectionMethod::Subtract, 6},
+        Row{u"\"fid\" > 6", SelectionMethod::And, 2}, Row{u"\"fid\" > 7", SelectionMethod::Xor, 5},
+        Row{u"\"fid\" = 999", SelectionMethod::New, 0}}) {
     selection->SelectFeatures(Where(row.clause), row.method, false);
     ExpectEqual(Selected(stations), row.due, ToUtf8(row.clause));
   }
@@ -42,11 +42,10 @@ void RefusedSelection(World& world) {
   const Ref<ILayer> stations = LayerNamed(world, u"Stations");
   const Ref<IFeatureSelection> selection = stations.As<IFeatureSelection>();
   selection->SelectFeatures(Where(u"\"fid\" <= 5"), SelectionMethod::New, false);
-  ExpectFailure(failure::kRefused,
-                [&] {
-                  selection->SelectFeatures(Where(u"\"NOPE\" = 'x'"), SelectionMethod::New, false);
-                },
-                "a selection by a field that isn't there");
+  ExpectFailure(
+      failure::kRefused,
+      [&] { selection->SelectFeatures(Where(u"\"NOPE\" = 'x'"), SelectionMethod::New, false); },
+      "a selection by a field that isn't there");
   ExpectEqual(Selected(stations), 5, "the selection after a refusal");
 }
 
@@ -102,12 +101,12 @@ void Graphics(World& world) {
   countries.As<IFeatureSelection>()->SelectFeatures(filter, SelectionMethod::Add, false);
   ExpectEqual(Selected(countries), 1, "the one country with islands there");
   const Ref<ILayer> stations = LayerNamed(world, u"Stations");
-  ExpectFailure(failure::kRefused,
-                [&] {
-                  stations.As<IFeatureSelection>()->SelectFeatures(filter, SelectionMethod::Add,
-                                                                   false);
-                },
-                "a geometry field of another name");
+  ExpectFailure(
+      failure::kRefused,
+      [&] {
+        stations.As<IFeatureSelection>()->SelectFeatures(filter, SelectionMethod::Add, false);
+      },
+      "a geometry field of another name");
 }
 
 }  // namespace

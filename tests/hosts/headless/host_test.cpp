@@ -131,7 +131,10 @@ TEST_F(HostTest, LayerFilesHoldOneLayer) {
   };
   EXPECT_TRUE(layerFile({{"a", "../sites.shp"}})->Layer()->Valid());
   EXPECT_FALSE(layerFile({{"a", "sites.shp"}})->Layer()->Valid()) << "counts from its own folder";
-  EXPECT_EQ(NumberOf([&] { layerFile({{"a", "../sites.shp"}, {"b", "../sites.shp"}})->Layer(); }), 5);
+  EXPECT_EQ(NumberOf([&] {
+              layerFile({{"a", "../sites.shp"}, {"b", "../sites.shp"}})->Layer();
+            }),
+            5);
   EXPECT_EQ(NumberOf([&] { layerFile({})->Layer(); }), 5);
   EXPECT_EQ(NumberOf([&] { layerFile({{"a", "x.dbf", "ogr", "No geometry"}})->Layer(); }), 5);
   const Ref<IGxLayer> none = Objects().NewGxLayer();

@@ -8,9 +8,8 @@ namespace {
 
 GDALDatasetUniquePtr Create(const char* driver, const std::string& path) {
   GDALAllRegister();
-  return GDALDatasetUniquePtr(
-      GetGDALDriverManager()->GetDriverByName(driver)->Create(path.c_str(), 0, 0, 0, GDT_Unknown,
-                                                              nullptr));
+  return GDALDatasetUniquePtr(GetGDALDriverManager()->GetDriverByName(driver)->Create(
+      path.c_str(), 0, 0, 0, GDT_Unknown, nullptr));
 }
 
 OGRLayer& CreateLayer(GDALDataset& dataset, const char* name) {

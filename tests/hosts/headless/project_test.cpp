@@ -60,10 +60,11 @@ class ProjectTest : public testing::Test {
 };
 
 TEST_F(ProjectTest, FramesAreMarkedGroups) {
-  EXPECT_EQ(Frames(Open(TreeLayer("a") + Group("One", kOptionMark + TreeLayer("b"), false) +
-                        Group("Plain", TreeLayer("t")) +
-                        Group("Two", kPropertyMark + Group("In", TreeLayer("a")) + TreeLayer("t")))),
-            "One(b ) *Two(In >a t ) ");
+  EXPECT_EQ(
+      Frames(Open(TreeLayer("a") + Group("One", kOptionMark + TreeLayer("b"), false) +
+                  Group("Plain", TreeLayer("t")) +
+                  Group("Two", kPropertyMark + Group("In", TreeLayer("a")) + TreeLayer("t")))),
+      "One(b ) *Two(In >a t ) ");
 }
 
 TEST_F(ProjectTest, WithoutMarksOneFrameHoldsAll) {

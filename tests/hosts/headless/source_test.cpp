@@ -63,10 +63,18 @@ TEST_F(SourceTest, GeoJson) {
 
 TEST_F(SourceTest, DelimitedText) {
   module.Write("p 1.csv", "lon;lat;name;n\n10;50;K\xF6ln;1\n20;60;;\n");
-  const LayerXml points = {"points", "file:./p%201.csv?type=csv&delimiter=;&xField=lon&yField=lat",
-                           "delimitedtext", "Point", "", "ISO-8859-1"};
-  const LayerXml rows = {"rows", "file://" + module.Path("p%201.csv") + "?type=csv&geomType=none",
-                         "delimitedtext", "No geometry", "", "ISO-8859-1"};
+  const LayerXml points = {"points",
+                           "file:./p%201.csv?type=csv&delimiter=;&xField=lon&yField=lat",
+                           "delimitedtext",
+                           "Point",
+                           "",
+                           "ISO-8859-1"};
+  const LayerXml rows = {"rows",
+                         "file://" + module.Path("p%201.csv") + "?type=csv&geomType=none",
+                         "delimitedtext",
+                         "No geometry",
+                         "",
+                         "ISO-8859-1"};
   module.Open({points, rows, {"odd", "file:p%201.csv?delimiter=%23", "delimitedtext"}});
   EXPECT_EQ(Dump(module.Layer(u"points")),
             "lon:3 lat:3 name:4 n:1 / 10 50 K\xC3\xB6ln 1/ 20 60 ~ ~");

@@ -9,7 +9,8 @@ namespace {
 /// The names with blanks between.
 std::string Names(TextView clause) {
   std::string names;
-  for (const Text& name : NamesIn(clause).fields) names += (names.empty() ? "" : " ") + ToUtf8(name);
+  for (const Text& name : NamesIn(clause).fields)
+    names += (names.empty() ? "" : " ") + ToUtf8(name);
   return names;
 }
 
@@ -40,9 +41,8 @@ TEST(QueryTokens, FindTheFields) {
 }
 
 TEST(QueryTokens, SeeWhatCannotStandByItself) {
-  for (const char16_t* clause :
-       {u"a = 1) OR (b = 2", u"((a = 1)", u"a = 'x", u"\"a = 1", u"[a = 1", u"a = 1; DROP TABLE t",
-        u"'O'Brien'"}) {
+  for (const char16_t* clause : {u"a = 1) OR (b = 2", u"((a = 1)", u"a = 'x", u"\"a = 1", u"[a = 1",
+                                 u"a = 1; DROP TABLE t", u"'O'Brien'"}) {
     EXPECT_NE(NamesIn(clause).fault, "") << ToUtf8(clause);
   }
   EXPECT_EQ(NamesIn(u"a = ');('").fault, "");

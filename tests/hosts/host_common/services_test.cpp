@@ -135,9 +135,9 @@ class ListCursor : public ICursor, public ICursorFields, public IRowBuffer {
 TEST(UniqueValues, EachOnceAndNoNulls) {
   const auto statistics = NewDataStatistics();
   statistics->SetField(u"f");
-  statistics->SetCursor(New<ListCursor>(std::vector<Value>{
-      Value(3), Value(Null()), Value(3.0), Value(-0.0), Value(0), Value(u"3"), Value(Date{3}),
-      Value(Null()), Value(u"3"), Value(u"")}));
+  statistics->SetCursor(New<ListCursor>(
+      std::vector<Value>{Value(3), Value(Null()), Value(3.0), Value(-0.0), Value(0), Value(u"3"),
+                         Value(Date{3}), Value(Null()), Value(u"3"), Value(u"")}));
   const Ref<IEnumValue> values = statistics->UniqueValues();
   EXPECT_EQ(statistics->UniqueValueCount(), 5);
   std::string seen;
