@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// Commands of QGIS under the identifiers that tools ask for.
+#include "hosts/qgis/document/commandbars.h"
+
+#include <qgisinterface.h>
+#include <qgsdockwidget.h>
+
+#include <QAction>
+#include <QPointer>
+#include <array>
+
+#include "hosts/qgis/qgishost.h"
+
+namespace brelmon::qgis {
+namespace {
+
+struct HostCommand {
+  TextView identifier;
+  std::array<const char*, 2> actions;  // object names; the first that is there is run
+  const char* panel;                   // what the action opens, if that is a panel
+};
+
+constexpr std::array kCommands = {
+    HostCommand{u"{3E58D6D0-DF7A-11D1-ADD9-080009EC732A}",
+                {"mActionStatisticalSummary", ""},
+                "StatisticalSummaryDockWidget"},
+    HostCommand{
+        u"{82B9951B-DD63-11D1-AA7F-00C04FA37860}",
+        {"mProcessingUserMenu_native:selectbylocation", "mProcessingAlg_native:selectbylocation"},
+        ""},
+    HostCommand{u"{54EBEEE6-DC82-11D1-AA7F-00C04FA37860}", {"mActionSelectByExpression", ""}, ""},
+};
+
+class CommandItem : public virtual ICommandItem {
+ public:
+  CommandItem(QAction* action, QgsDockWidget* panel) : action_(action), panel_(panel) {}
+  void Execute() override {
+    if (panel_) return panel_->setUserVisible(true);
+    if (!action_) Raise(failure::kNoSuchObject, u"QGIS no longer has the command.", 0);
+    if (!action_->isEnabled()) {
+      Raise(failure::kInvalidCall,
+            u"QGIS has its command '" + FromQt(action_->toolTip()) + u"' disabled at the moment.",
+            0);
+    }
+    action_->trigger();
+  }
+
+ private:
+  QPointer<QAction> action_;
+  QPointer<QgsDockWidget> panel_;
+};
+
+class CommandBars : public virtual ICommandBars {
+ public:
+  Ref<ICommandItem> Find(const Ref<UID>& uid) override {
+    for (const HostCommand& command : kCommands) {
+      if (EqualNoCase(command.identifier, uid->Value)) return Present(command);
+    }
+    return {};
+  }
+
+ private:
+  static Ref<ICommandItem> Present(const HostCommand& command) {
+    const QWidget& window = *Iface().mainWindow();
+    auto* panel = window.findChild<QgsDockWidget*>(QString::fromLatin1(command.panel));
+    if (*command.panel && panel) return New<CommandItem>(nullptr, panel);
+    for (const char* name : command.actions) {
+      if (!*name) continue;
+      if (auto* action = window.findChild<QAction*>(QString::fromLatin1(name))) {
+        return New<CommandItem>(action, nullptr);
+      }
+    }
+    return {};
+  }
+};
+
+}  // namespace
+
+Ref<ICommandBars> NewCommandBars() { return New<CommandBars>(); }
+
+}  // namespace brelmon::qgis

@@ -1,0 +1,233 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// A data frame as a map: its layers, its tables, its view.
+#include <qgslayertree.h>
+#include <qgslayertreelayer.h>
+#include <qgsproject.h>
+#include <qgsvectorlayer.h>
+
+#include <QPointer>
+
+#include "hosts/common/objectlists.h"
+#include "hosts/qgis/data/layerobject.h"
+#include "hosts/qgis/document/activeview.h"
+#include "hosts/qgis/document/dataframes.h"
+#include "hosts/qgis/document/graphics.h"
+#include "hosts/qgis/qgishost.h"
+
+namespace brelmon::qgis {
+namespace {
+
+bool InNoFrame(QgsLayerTreeNode& node) { return !IsMarkedFrame(node); }
+
+/// Everything below `group` in tree order that `take` accepts.
+template <class Take>
+void Walk(QgsLayerTreeGroup& group, bool recursive, Take take) {
+  for (QgsLayerTreeNode* node : group.children()) {
+    take(*node);
+    if (recursive && QgsLayerTree::isGroup(node)) Walk(*QgsLayerTree::toGroup(node), true, take);
+  }
+}
+
+QgsMapLayer* LayerOf(QgsLayerTreeNode& node) {
+  return QgsLayerTree::isLayer(&node) ? QgsLayerTree::toLayer(&node)->layer() : nullptr;
+}
+
+class DataFrame : public virtual IMap,
+                  public virtual IStandaloneTableCollection,
+                  public virtual IActiveView {
+ public:
+  explicit DataFrame(QgsLayerTreeGroup* node) : node_(node) {}
+
+  QgsLayerTreeGroup* NodeIfThere() const { return node_; }
+  bool Gone() const { return bound_ && !node_; }
+  void Bind(QgsLayerTreeGroup* node) {
+    node_ = node;
+    bound_ = node != nullptr;
+  }
+
+  Text Name() override {
+    if (!bound_) return name_;
+    return IsTree() ? Text(u"Layers") : FromQt(Node().name());
+  }
+  void SetName(const Text& name) override {
+    if (!bound_) {
+      name_ = name;
+    } else if (IsTree()) {
+      Raise(failure::kNotSupported, u"A map document without data frames has no name to set.", 0);
+    } else {
+      Node().setName(ToQt(name));
+    }
+  }
+
+  std::int32_t LayerCount() override {
+    return static_cast<std::int32_t>(bound_ ? Layers(false, false).size() : 0);
+  }
+  Ref<IEnumLayer> Layers(const Ref<UID>& uid, bool recursive) override {
+    if (uid && !EqualNoCase(uid->Value, kFeatureLayerUID)) Raise(failure::kInvalidCall, 0);
+    auto layers = Layers(uid ? true : false, recursive);
+    if (layers.empty()) Raise(failure::kRefused, u"The data frame has no such layers.", 0);
+    return host::NewEnumLayer(std::move(layers));
+  }
+  void AddLayer(const Ref<ILayer>& layer) override { Insert(layer.As<IQgisLayer>(0)); }
+  void DeleteLayer(const Ref<ILayer>& layer) override { Remove(layer.As<IObject>()); }
+  void SetExpanded(bool expanded) override { Node().setExpanded(expanded); }
+  Ref<IGraphicsContainerSelect> ActiveGraphicsLayer() override { return SelectedGraphics(); }
+
+  std::int32_t StandaloneTableCount() override {
+    return static_cast<std::int32_t>(Tables().size());
+  }
+  Ref<IStandaloneTable> StandaloneTable(std::int32_t index) override {
+    const auto tables = Tables();
+    if (index < 0 || static_cast<std::size_t>(index) >= tables.size())
+      Raise(failure::kSubscript, 0);
+    return ObjectOf(*tables[static_cast<std::size_t>(index)]).As<IStandaloneTable>(0);
+  }
+  void AddStandaloneTable(const Ref<IStandaloneTable>& table) override {
+    Insert(table.As<IQgisLayer>(0));
+  }
+  void RemoveStandaloneTable(const Ref<IStandaloneTable>& table) override {
+    Remove(table.As<IObject>());
+  }
+
+  void PartialRefresh(DrawPhase phase, const Ref<IObject>&, const Ref<IEnvelope>&) override {
+    if (InFocus()) RefreshCanvas(phase);
+  }
+  void Refresh() override {
+    if (InFocus()) RefreshCanvas(DrawPhase::GeographyAndSelection);
+  }
+  Ref<IEnvelope> Extent() override { return CanvasExtent(); }
+  Ref<IEnvelope> FullExtent() override {
+    QList<QgsMapLayer*> layers;
+    Walk(Node(), true, [&](QgsLayerTreeNode& node) {
+      if (QgsMapLayer* layer = LayerOf(node)) layers.push_back(layer);
+    });
+    return ExtentOf(layers);
+  }
+  Ref<IDisplay> ScreenDisplay() override { return CanvasDisplay(); }
+
+ private:
+  QgsLayerTreeGroup& Node() const {
+    if (!node_) Raise(failure::kNoSuchObject, u"The data frame is not in the document.", 0);
+    return *node_;
+  }
+  bool IsTree() const { return !Node().parent(); }
+  bool InFocus() const { return node_ && FocusNode() == node_; }
+
+  std::vector<Ref<ILayer>> Layers(bool featureLayersOnly, bool recursive) const {
+    std::vector<Ref<ILayer>> layers;
+    Walk(Node(), recursive, [&](QgsLayerTreeNode& node) {
+      Ref<IObject> object;
+      if (QgsMapLayer* layer = LayerOf(node)) {
+        if (IsTable(*layer)) return;
+        object = ObjectOf(*layer);
+      } else if (QgsLayerTree::isGroup(&node) && InNoFrame(node)) {
+        object = ObjectOf(*QgsLayerTree::toGroup(&node));
+      }
+      if (featureLayersOnly && !object.Offers<IFeatureLayer>()) return;
+      if (object) layers.push_back(object.As<ILayer>(0));
+    });
+    return layers;
+  }
+
+  std::vector<QgsMapLayer*> Tables() const {
+    std::vector<QgsMapLayer*> tables;
+    if (!bound_) return tables;
+    Walk(Node(), true, [&](QgsLayerTreeNode& node) {
+      QgsMapLayer* layer = LayerOf(node);
+      if (layer && IsTable(*layer)) tables.push_back(layer);
+    });
+    return tables;
+  }
+
+  // On top of the frame, as a newcomer.
+  void Insert(const Ref<IQgisLayer>& object) {
+    QgsLayerTreeGroup& group = Node();
+    QgsMapLayer* layer = object->LayerIfThere();
+    if (!layer) Raise(failure::kObjectNotSet, 0);
+    if (QgsMapLayer* owned = object->Release()) {
+      QgsProject::instance()->addMapLayer(owned, false);
+      Remember(object);
+    }
+    group.insertLayer(0, layer);
+  }
+
+  void Remove(const Ref<IObject>& object) {
+    const auto host = object.TryAs<IQgisLayer>();
+    QgsMapLayer* layer = host ? host->LayerIfThere() : nullptr;
+    if (!layer || !node_) return;
+    QgsLayerTreeLayer* entry = node_->findLayer(layer->id());
+    if (!entry) return;
+    const QString id = layer->id();
+    QgsLayerTree::toGroup(entry->parent())->removeChildNode(entry);
+    if (!QgsProject::instance()->layerTreeRoot()->findLayer(id)) {
+      QgsProject::instance()->removeMapLayer(id);
+    }
+  }
+
+  QPointer<QgsLayerTreeGroup> node_;
+  bool bound_ = node_ != nullptr;
+  Text name_;
+};
+
+std::map<const QgsLayerTreeGroup*, std::weak_ptr<DataFrame>>& KnownFrames() {
+  static std::map<const QgsLayerTreeGroup*, std::weak_ptr<DataFrame>> frames;
+  return frames;
+}
+
+void RemoveAll(QgsLayerTreeGroup& group) {
+  for (QgsLayerTreeLayer* entry : group.findLayers()) {
+    QgsProject::instance()->removeMapLayer(entry->layerId());
+  }
+}
+
+}  // namespace
+
+Ref<IMap> FrameOf(QgsLayerTreeGroup& node) {
+  auto& place = KnownFrames()[&node];
+  auto frame = place.lock();
+  if (!frame || frame->Gone()) {
+    frame = std::make_shared<DataFrame>(&node);
+    place = frame;
+  }
+  return Ref<IMap>(std::move(frame));
+}
+
+Ref<IMap> NewFrame() { return Ref<IMap>(std::make_shared<DataFrame>(nullptr)); }
+
+void AddFrame(const Ref<IMap>& map) {
+  auto frame = map.As<DataFrame>(0);
+  if (frame->NodeIfThere()) Raise(failure::kInvalidCall, 0);
+  auto* group = QgsProject::instance()->layerTreeRoot()->addGroup(ToQt(frame->Name()));
+  MarkFrame(*group, true);
+  frame->Bind(group);
+  KnownFrames()[group] = frame.Shared();
+}
+
+void RemoveFrame(const Ref<IMap>& map) {
+  auto frame = map.As<DataFrame>(0);
+  QgsLayerTreeGroup* node = frame->NodeIfThere();
+  if (!node) return;
+  QgsLayerTree* root = QgsProject::instance()->layerTreeRoot();
+  if (node != root) {
+    RemoveAll(*node);
+    root->removeChildNode(node);
+    return;
+  }
+  // The whole tree was the frame: what is no frame of its own goes.
+  for (QgsLayerTreeNode* child : root->children()) {
+    if (IsMarkedFrame(*child)) continue;
+    if (QgsLayerTree::isGroup(child)) {
+      RemoveAll(*QgsLayerTree::toGroup(child));
+      root->removeChildNode(child);
+    } else {
+      QgsProject::instance()->removeMapLayer(QgsLayerTree::toLayer(child)->layerId());
+    }
+  }
+}
+
+QgsLayerTreeGroup* NodeOf(const Ref<IObject>& map) {
+  const auto frame = map.TryAs<DataFrame>();
+  return frame ? frame->NodeIfThere() : nullptr;
+}
+
+}  // namespace brelmon::qgis

@@ -1,0 +1,136 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// The plug-in as QGIS loads it: its entry points, its start and its end.
+#include <qgisinterface.h>
+#include <qgisplugin.h>
+#include <qgsmessagebar.h>
+
+#include <QTimer>
+
+#include "hosts/common/componentloader.h"
+#include "hosts/qgis/document/application.h"
+#include "hosts/qgis/document/graphics.h"
+#include "hosts/qgis/plugin/componentpath.h"
+#include "hosts/qgis/plugin/framemenu.h"
+#include "hosts/qgis/plugin/testdriver.h"
+#include "hosts/qgis/plugin/toolbar.h"
+#include "hosts/qgis/plugin/watch.h"
+#include "hosts/qgis/qgishost.h"
+#include "hosts/qgis/services/errordialog.h"
+#include "hosts/qgis/services/hostservices.h"
+
+namespace brelmon::qgis {
+namespace {
+
+const QString& PluginName() {
+  static const QString name = QStringLiteral("Brelmon Tools");
+  return name;
+}
+const QString& PluginDescription() {
+  static const QString text = QStringLiteral(
+      "Tables, attribute queries, statistics and summaries for Earth-science learning modules");
+  return text;
+}
+const QString& PluginCategory() {
+  static const QString category = QStringLiteral("Vector");
+  return category;
+}
+const QString& PluginVersion() {
+  static const QString version = QStringLiteral(BRELMON_VERSION);
+  return version;
+}
+
+/// Everything that lives from loading to unloading, in order of making.
+struct Session {
+  std::unique_ptr<HostServices> services = HostServices::Make();
+  std::unique_ptr<host::Component> component;
+  Ref<IApplication> application;
+  std::unique_ptr<Toolbar> toolbar;
+  std::unique_ptr<GraphicsWatch> graphics;
+  std::unique_ptr<Watch> watch;
+  std::unique_ptr<FrameMenu> frameMenu;
+};
+
+class Plugin : public QObject, public QgisPlugin {
+ public:
+  explicit Plugin(QgisInterface* iface)
+      : QgisPlugin(PluginName(), PluginDescription(), PluginCategory(), PluginVersion(),
+                   QgisPlugin::UI),
+        iface_(iface) {}
+  ~Plugin() override { End(); }
+
+  void initGui() override {
+    SetIface(iface_);
+    try {
+      Begin();
+    } catch (const std::exception& reason) {
+      End();
+      iface_->messageBar()->pushCritical(PluginName(), QString::fromUtf8(reason.what()));
+    }
+  }
+  void unload() override { End(); }
+
+ private:
+  void Begin() {
+    session_ = std::make_unique<Session>();
+    Session& session = *session_;
+    SetServices(session.services->Set());
+    session.component = host::Component::Load(ComponentPath(), session.services->Set());
+    session.application = NewApplication();
+    session.toolbar = Toolbar::Make(*iface_, *session.component, session.application);
+    const auto ask = [toolbar = session.toolbar.get()] { toolbar->AskSoon(); };
+    session.graphics = GraphicsWatch::Start(*iface_->mapCanvas(), ask);
+    session.watch = Watch::Start(*iface_, ask);
+    session.frameMenu = FrameMenu::Install(*iface_->layerTreeView());
+    WhenErrorDialogCloses(ask);
+    QObject::connect(iface_, &QgisInterface::initializationCompleted, this,
+                     [this] { QTimer::singleShot(0, this, [this] { StartTestDriver(); }); });
+  }
+
+  void StartTestDriver() {
+    if (!session_) return;
+    RunTestDriver({iface_, session_->component.get(), session_->application,
+                   session_->services->Set(), &SelectGraphics, [this] { End(); }});
+  }
+
+  void End() {
+    if (!session_) return;
+    WhenErrorDialogCloses({});
+    session_->frameMenu.reset();
+    session_->watch.reset();
+    session_->graphics.reset();
+    session_->toolbar.reset();
+    session_->application.Reset();
+    session_->component.reset();
+    SetServices({});
+    session_.reset();
+    SelectGraphics({});
+    SetIface(nullptr);
+  }
+
+  QgisInterface* iface_;
+  std::unique_ptr<Session> session_;
+};
+
+}  // namespace
+}  // namespace brelmon::qgis
+
+#define BRELMON_ENTRY extern "C" __attribute__((visibility("default")))
+
+namespace {
+const QString kNothing;
+const QString kNotExperimental = QStringLiteral("false");
+}  // namespace
+
+BRELMON_ENTRY QgisPlugin* classFactory(QgisInterface* iface) {
+  return new brelmon::qgis::Plugin(iface);
+}
+BRELMON_ENTRY const QString* name() { return &brelmon::qgis::PluginName(); }
+BRELMON_ENTRY const QString* description() { return &brelmon::qgis::PluginDescription(); }
+BRELMON_ENTRY const QString* category() { return &brelmon::qgis::PluginCategory(); }
+BRELMON_ENTRY const QString* version() { return &brelmon::qgis::PluginVersion(); }
+BRELMON_ENTRY const QString* icon() { return &kNothing; }
+BRELMON_ENTRY const QString* experimental() { return &kNotExperimental; }
+BRELMON_ENTRY const QString* create_date() { return &kNothing; }
+BRELMON_ENTRY const QString* update_date() { return &kNothing; }
+BRELMON_ENTRY int type() { return QgisPlugin::UI; }
+BRELMON_ENTRY void unload(QgisPlugin* plugin) { delete plugin; }

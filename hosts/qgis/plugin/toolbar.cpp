@@ -1,0 +1,170 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// Actions for commands: built from the toolbar's definition, asked and clicked one at a time.
+#include "hosts/qgis/plugin/toolbar.h"
+
+#include <qgisinterface.h>
+#include <qgsmessagebar.h>
+
+#include <QAction>
+#include <QPointer>
+#include <QTimer>
+#include <QToolBar>
+
+#include "frame/commandtable.h"
+#include "hosts/common/componentloader.h"
+#include "hosts/qgis/qgishost.h"
+#include "hosts/qgis/services/errordialog.h"
+#include "hosts/qgis/view/look.h"
+
+namespace brelmon::qgis {
+namespace {
+
+class ItemDef : public virtual IItemDef {
+ public:
+  void SetID(const Text& progId) override { id = progId; }
+  void SetGroup(bool begins) override { group = begins; }
+  void SetSubType(std::int32_t) override {}
+  Text id;
+  bool group = false;
+};
+
+QString ClassOf(const Text& progId) { return ToQt(progId).section(QLatin1Char('.'), -1); }
+
+QString ActionText(const Text& caption) {
+  return ToQt(caption).replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
+struct Button {
+  Ref<ICommand> command;
+  QAction* action = nullptr;
+  QString menu;       // empty for one on the bar
+  bool told = false;  // that its Enabled fails
+};
+
+class ToolbarOfQgis : public Toolbar {
+ public:
+  ToolbarOfQgis(QgisInterface& iface, host::Component& component,
+                const Ref<IApplication>& application)
+      : iface_(iface), component_(component), application_(application) {
+    timer_.setSingleShot(true);
+    QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { Ask(); });
+    BuildBar();
+    BuildMenus();
+    AskSoon();
+  }
+  ~ToolbarOfQgis() override {
+    for (Button& button : buttons_) {
+      if (!button.menu.isEmpty()) iface_.removePluginMenu(button.menu, button.action);
+      delete button.action;
+    }
+    delete bar_;
+  }
+  void AskSoon() override {
+    if (!timer_.isActive()) timer_.start(0);
+  }
+
+ private:
+  void BuildBar() {
+    const auto definition = component_.CreateObject(ProgIdOf(kToolBarClass)).As<IToolBarDef>(0);
+    bar_ = iface_.addToolBar(ToQt(definition->Caption()));
+    bar_->setObjectName(QStringLiteral("BrelmonTools"));
+    for (std::int32_t at = 0; at < definition->ItemCount(); ++at) {
+      auto item = New<ItemDef>();
+      definition->GetItemInfo(at, item);
+      if (item->group) bar_->addSeparator();
+      bar_->addAction(Add(item->id, QString()));
+    }
+  }
+
+  void BuildMenus() {
+    for (const CommandInfo& info : CommandTable()) {
+      const Text progId = ProgIdOf(info.ClassName);
+      if (Has(ClassOf(progId))) continue;
+      const QString menu = ToQt(info.Category);
+      iface_.addPluginToMenu(menu, Add(progId, menu));
+    }
+  }
+
+  bool Has(const QString& className) const {
+    return std::any_of(buttons_.begin(), buttons_.end(), [&](const Button& button) {
+      return button.action->objectName() == className;
+    });
+  }
+
+  QAction* Add(const Text& progId, const QString& menu) {
+    Button button;
+    button.command = component_.CreateObject(progId).As<ICommand>(0);
+    ICommand& command = *button.command;
+    button.menu = menu;
+    button.action = new QAction(ActionText(command.Caption()), iface_.mainWindow());
+    button.action->setObjectName(ClassOf(progId));
+    button.action->setToolTip(ToQt(command.Tooltip()));
+    button.action->setStatusTip(ToQt(command.Message()));
+    button.action->setIcon(IconOf(component_.PictureBytes(command.Bitmap())));
+    button.action->setEnabled(false);
+    command.OnCreate(application_);
+    QObject::connect(button.action, &QAction::triggered, button.action,
+                     [this, at = buttons_.size()] { Click(at); });
+    buttons_.push_back(std::move(button));
+    return buttons_.back().action;
+  }
+
+  void Click(std::size_t at) {
+    if (running_) return;
+    running_ = true;
+    // The command outlives its click, whatever becomes of the plug-in meanwhile.
+    const Ref<ICommand> command = buttons_[at].command;
+    try {
+      command->OnClick();
+    } catch (...) {
+      Tell(CurrentFailure().Description);
+    }
+    running_ = false;
+    AskSoon();
+  }
+
+  void Ask() {
+    if (running_) return;
+    for (Button& button : buttons_) {
+      if (ErrorDialogIsOpen()) return;  // its closing asks again
+      button.action->setEnabled(AskOne(button));
+    }
+  }
+
+  // A lasting fault is told at its first asking; later ones keep quiet until one goes well.
+  bool AskOne(Button& button) {
+    const QuietErrors errors(button.told);
+    bool enabled = false, failed = false;
+    Text reason;
+    try {
+      enabled = button.command->Enabled();
+    } catch (...) {
+      failed = true;
+      reason = CurrentFailure().Description;
+    }
+    if (failed && !button.told) Tell(reason);
+    button.told = failed || errors.Count() > 0;
+    return enabled;
+  }
+
+  void Tell(const Text& reason) {
+    iface_.messageBar()->pushCritical(QStringLiteral("Brelmon Tools"), ToQt(reason));
+  }
+
+  QgisInterface& iface_;
+  host::Component& component_;
+  Ref<IApplication> application_;
+  QPointer<QToolBar> bar_;
+  std::vector<Button> buttons_;
+  QTimer timer_;
+  bool running_ = false;
+};
+
+}  // namespace
+
+std::unique_ptr<Toolbar> Toolbar::Make(QgisInterface& iface, host::Component& component,
+                                       const Ref<IApplication>& application) {
+  return std::make_unique<ToolbarOfQgis>(iface, component, application);
+}
+
+}  // namespace brelmon::qgis

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// The dialog that tells of failures. Its window outlives the plug-in.
+#pragma once
+
+#include <functional>
+
+#include "platform/services.h"
+
+namespace brelmon::qgis {
+
+Ref<IErrorDialog> NewErrorDialog();
+
+/// Counts the times that the dialog is asked for while it lives; `quiet` keeps it from showing.
+class QuietErrors {
+ public:
+  explicit QuietErrors(bool quiet);
+  ~QuietErrors();
+  QuietErrors(const QuietErrors&) = delete;
+  QuietErrors& operator=(const QuietErrors&) = delete;
+  int Count() const;
+
+ private:
+  bool before_;
+  int countBefore_;
+};
+
+bool ErrorDialogIsOpen();
+/// Runs when the user has closed the dialog; unset to be told no more.
+void WhenErrorDialogCloses(std::function<void()> closed);
+
+}  // namespace brelmon::qgis

@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// The layer of a layer definition file.
+#include "hosts/qgis/services/gxlayer.h"
+
+#include <qgslayerdefinition.h>
+#include <qgsmaplayer.h>
+#include <qgspathresolver.h>
+#include <qgsproject.h>
+#include <qgsreadwritecontext.h>
+
+#include <QDomDocument>
+#include <QFile>
+
+#include "hosts/common/paths.h"
+#include "hosts/qgis/data/layerobject.h"
+#include "hosts/qgis/qgishost.h"
+
+namespace brelmon::qgis {
+namespace {
+
+QDomDocument Read(const Text& path) {
+  const auto system = host::Paths().ToSystem(path);
+  if (!system || !host::FileExists(*system)) Raise(failure::kFileNotFound, 0);
+  QFile file(QString::fromStdString(*system));
+  if (!file.open(QIODevice::ReadOnly)) Raise(failure::kPathFileAccess, 0);
+  QDomDocument document;
+  QString reason;
+  if (!document.setContent(&file, &reason)) {
+    Raise(failure::kRefused, u"'" + path + u"' is no layer definition: " + FromQt(reason), 0);
+  }
+  return document;
+}
+
+// Each loading is a layer of its own, even beside an earlier one of the same file.
+void Rename(QDomElement layer) {
+  const QDomElement id = layer.firstChildElement(QStringLiteral("id"));
+  const QString name = layer.firstChildElement(QStringLiteral("layername")).text();
+  QDomNode text = id.firstChild();
+  if (!text.isNull()) text.setNodeValue(QgsMapLayer::generateId(name));
+}
+
+std::unique_ptr<QgsMapLayer> LoadOne(const Text& path) {
+  QDomDocument document = Read(path);
+  const QDomNodeList layers = document.elementsByTagName(QStringLiteral("maplayer"));
+  if (layers.size() != 1) {
+    Raise(failure::kRefused,
+          u"'" + path +
+              (layers.isEmpty() ? Text(u"' holds no layer.")
+                                : Text(u"' holds several layers: a layer file is to hold one.")),
+          0);
+  }
+  Rename(layers.at(0).toElement());
+  QgsReadWriteContext context;
+  context.setPathResolver(
+      QgsPathResolver(QString::fromStdString(host::Paths().ToSystem(path).value())));
+  context.setProjectTranslator(QgsProject::instance());
+  const auto loaded = QgsLayerDefinition::loadLayerDefinitionLayers(document, context);
+  if (loaded.isEmpty()) {
+    Raise(failure::kRefused, u"QGIS can't read the layer of '" + path + u"'.", 0);
+  }
+  return std::unique_ptr<QgsMapLayer>(loaded.front());
+}
+
+class GxLayer : public virtual IGxLayer, public virtual IGxFile, public virtual IGxObject {
+ public:
+  Text FullName() override { return path_; }
+  Text Path() override { return path_; }
+  void SetPath(const Text& path) override {
+    path_ = path;
+    layer_.Reset();
+  }
+  Ref<ILayer> Layer() override {
+    if (!layer_) {
+      const auto object = ObjectOwning(LoadOne(path_));
+      layer_ = object.TryAs<ILayer>();
+      if (!layer_) {
+        Raise(failure::kTypeMismatch, u"'" + path_ + u"' holds a table, not a layer.", 0);
+      }
+    }
+    return layer_;
+  }
+
+ private:
+  Text path_;
+  Ref<ILayer> layer_;
+};
+
+}  // namespace
+
+Ref<IGxLayer> NewGxLayer() { return New<GxLayer>(); }
+
+}  // namespace brelmon::qgis

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// Attribute tables, found by the name that QGIS gives their windows.
+#include "hosts/qgis/services/tablewindow.h"
+
+#include <qgisinterface.h>
+#include <qgsvectorlayer.h>
+
+#include <QApplication>
+#include <QDialog>
+#include <QPointer>
+
+#include "hosts/qgis/data/layerobject.h"
+#include "hosts/qgis/qgishost.h"
+
+namespace brelmon::qgis {
+namespace {
+
+QDialog* OpenWindowOf(const QgsVectorLayer& layer) {
+  const QString name = QStringLiteral("QgsAttributeTableDialog/") + layer.id();
+  for (QWidget* widget : QApplication::allWidgets()) {
+    if (widget->objectName() == name && widget->inherits("QDialog") &&
+        widget->window()->isVisible())
+      return static_cast<QDialog*>(widget);
+  }
+  return nullptr;
+}
+
+class TableWindow : public virtual ITableWindow, public virtual ITableWindow2 {
+ public:
+  TableWindow() = default;
+  explicit TableWindow(QDialog* window) : window_(window) {}
+
+  Ref<ITableWindow> FindViaFeatureLayer(const Ref<IFeatureLayer>& layer, bool) override {
+    return Find(layer);
+  }
+  Ref<ITableWindow> FindViaStandaloneTable(const Ref<IStandaloneTable>& table, bool) override {
+    return Find(table);
+  }
+  void SetFeatureLayer(const Ref<IFeatureLayer>& layer) override { item_ = layer; }
+  void SetStandaloneTable(const Ref<IStandaloneTable>& table) override { item_ = table; }
+  void SetApplication(const Ref<IApplication>&) override {}
+  void SetTableSelectionAction(std::int32_t) override {}
+  void SetLayerDisplay(bool) override {}
+  void SetTableDisplay(bool, bool) override {}
+
+  void Show(bool show) override {
+    if (!show) {
+      if (window_) window_->window()->hide();
+      return;
+    }
+    if (!window_) window_ = Iface().showAttributeTable(&VectorLayerOf(item_));
+    if (!window_) Raise(failure::kInvalidCall, u"QGIS did not open the table.", 0);
+    QWidget* top = window_->window();
+    top->show();
+    top->raise();
+    top->activateWindow();
+  }
+  // QGIS deletes a table window that is closed.
+  void Unload() override {
+    if (window_) window_->close();
+  }
+
+ private:
+  static Ref<ITableWindow> Find(const Ref<IObject>& item) {
+    QDialog* open = OpenWindowOf(VectorLayerOf(item));
+    return open ? Ref<ITableWindow>(New<TableWindow>(open)) : Ref<ITableWindow>();
+  }
+
+  Ref<IObject> item_;
+  QPointer<QDialog> window_;
+};
+
+}  // namespace
+
+Ref<ITableWindow> NewTableWindow() { return New<TableWindow>(); }
+
+}  // namespace brelmon::qgis

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// What a user does to a form itself: keys, the focus, clicks on its ground.
+#include <QKeyEvent>
+#include <QMouseEvent>
+
+#include "hosts/qgis/view/formview.h"
+
+namespace brelmon::qgis {
+
+bool FormView::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::FocusIn && Open()) {
+    Control* control = ControlOf(watched);
+    if (control && !control->HasFocus() && control->Usable()) {
+      Do([control] { control->SetFocus(); });
+    }
+  }
+  return false;
+}
+
+bool FormView::focusNextPrevChild(bool next) {
+  if (!Open()) return false;
+  const auto order = form_.TabOrder();
+  if (order.empty()) return false;
+  Control* focused = form_.Focused();
+  auto at = std::find(order.begin(), order.end(), focused);
+  if (at == order.end() && focused && focused->Kind() == ControlKind::OptionButton) {
+    // Any option of a group stands for its one place in the order.
+    at = std::find_if(order.begin(), order.end(), [focused](Control* stop) {
+      return stop->Kind() == ControlKind::OptionButton &&
+             stop->ContainerControl() == focused->ContainerControl();
+    });
+  }
+  const auto count = static_cast<std::ptrdiff_t>(order.size());
+  std::ptrdiff_t to = at == order.end() ? (next ? -1 : count) : at - order.begin();
+  to = (to + (next ? 1 : count - 1)) % count;
+  Control* control = order[static_cast<std::size_t>(to)];
+  Find(*control)->view->Widget().setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+  return true;
+}
+
+void FormView::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape) {
+    Do([this] { form_.UserEscape(); });
+  } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    PressEnter();
+  } else {
+    QWidget::keyPressEvent(event);
+  }
+}
+
+// A button that has the focus is clicked by Enter; else the form's default one is.
+void FormView::PressEnter() {
+  if (!Open()) return;
+  Control* focused = form_.Focused();
+  Do([this, focused] {
+    if (focused && focused->Kind() == ControlKind::CommandButton) {
+      static_cast<CommandButton*>(focused)->UserClick();
+    } else {
+      form_.UserEnter();
+    }
+  });
+}
+
+void FormView::mousePressEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) Do([this] { form_.UserClick(); });
+}
+
+void FormView::mouseMoveEvent(QMouseEvent*) {
+  Do([this] { form_.UserMouseMove(); });
+}
+
+}  // namespace brelmon::qgis

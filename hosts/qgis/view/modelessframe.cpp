@@ -1,0 +1,148 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// Modeless frames: shown and hidden, with a view of the form only while they are shown.
+#include "hosts/qgis/view/modelessframe.h"
+
+#include <qgisinterface.h>
+
+#include <QCloseEvent>
+#include <QPointer>
+#include <optional>
+
+#include "hosts/qgis/qgishost.h"
+#include "hosts/qgis/view/formview.h"
+#include "hosts/qgis/view/formwindow.h"
+
+namespace brelmon::qgis {
+namespace {
+
+class FrameWindow : public QWidget {
+ public:
+  FrameWindow(Form& form, std::function<void()> closedByUser, std::function<void()> gone)
+      : QWidget(Iface().mainWindow(), Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                                          Qt::WindowCloseButtonHint | Qt::CustomizeWindowHint),
+        form_(form),
+        closedByUser_(std::move(closedByUser)),
+        view_(new FormView(
+            form, this, [this] { Fit(); }, std::move(gone))) {
+    setObjectName(ToQt(form.Name()));
+    Fit();
+  }
+  FormView& View() { return *view_; }
+  void SetTitle(const Text& caption) {
+    title_ = ToQt(caption);
+    setWindowTitle(title_);
+  }
+
+ protected:
+  void closeEvent(QCloseEvent* event) override {
+    event->ignore();
+    closedByUser_();
+  }
+  void resizeEvent(QResizeEvent*) override {
+    view_->resize(size());
+    if (isVisible()) view_->UserResize(size());
+  }
+  void changeEvent(QEvent* event) override {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
+      view_->Do([this] { form_.UserActivate(); });
+    }
+  }
+
+ private:
+  void Fit() {
+    if (!view_) return;
+    FitWindow(*this, *view_, form_);
+    if (!title_.isEmpty()) setWindowTitle(title_);
+  }
+
+  Form& form_;
+  std::function<void()> closedByUser_;
+  FormView* view_ = nullptr;
+  QString title_;
+};
+
+class ModelessFrame : public virtual IModelessFrame, public virtual IWindowPosition {
+ public:
+  ~ModelessFrame() override { Drop(); }
+
+  void Create(const Ref<IObject>& form) override { form_ = form.As<Form>(0).Shared(); }
+  Text Caption() override { return caption_; }
+  void SetCaption(const Text& caption) override {
+    caption_ = caption;
+    if (window_) window_->SetTitle(caption);
+  }
+  bool Visible() override { return window_ != nullptr; }
+  void SetVisible(bool visible) override {
+    const auto form = form_.lock();
+    if (!form) Raise(failure::kObjectNotSet, 0);
+    if (!visible) {
+      Drop();
+      form->SetVisibleInFrame(false);
+      return;
+    }
+    form->SetVisibleInFrame(true);
+    if (!window_) Open(*form);
+    if (place_) window_->move(*place_);
+    FloatAbove(window_);
+    window_->show();
+    window_->raise();
+    window_->activateWindow();
+    window_->View().ShowFocus();
+  }
+  std::int32_t Width() override { return Pixels(Measure().width); }
+  std::int32_t Height() override { return Pixels(Measure().height); }
+
+ private:
+  struct Size {
+    Twips width, height;
+  };
+  // While the user drags the border, the window is ahead of its form.
+  Size Measure() const {
+    if (window_) {
+      const FormView& view = window_->View();
+      return {view.ToTwips(window_->width()), view.ToTwips(window_->height())};
+    }
+    const auto form = form_.lock();
+    if (!form) Raise(failure::kObjectNotSet, 0);
+    return {form->Width(), form->Height()};
+  }
+  static std::int32_t Pixels(Twips twips) {
+    return static_cast<std::int32_t>(twips) / kTwipsPerPixel;
+  }
+
+  void Open(Form& form) {
+    window_ = new FrameWindow(
+        form,
+        [this] {
+          if (!form_.expired()) SetVisible(false);
+        },
+        [this] { Drop(); });
+    if (!caption_.empty()) window_->SetTitle(caption_);
+    if (place_) return;
+    QRect at(QPoint(), window_->size());
+    at.moveCenter(Iface().mainWindow()->frameGeometry().center());
+    place_ = at.topLeft();
+  }
+  // Deleted in a later turn: an event of the window may be what ends it.
+  void Drop() {
+    if (!window_) return;
+    FrameWindow* window = window_;
+    place_ = window->pos();
+    window_.clear();
+    window->View().Detach();
+    window->hide();
+    window->deleteLater();
+  }
+
+  std::weak_ptr<Form> form_;  // the form holds its frame
+  Text caption_;
+  std::optional<QPoint> place_;  // where it stood last
+  QPointer<FrameWindow> window_;
+};
+
+}  // namespace
+
+Ref<IModelessFrame> NewModelessFrame() { return New<ModelessFrame>(); }
+
+}  // namespace brelmon::qgis

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// The contract of hosts over the running QGIS.
+#include "tests/contract/contract.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/qgis/inside.h"
+
+namespace brelmon::contract {
+namespace {
+
+class QgisWorld : public World {
+ public:
+  QgisWorld() { qgis::test::OpenModule(); }
+  Ref<IApplication> Application() override { return qgis::test::Access().application; }
+  Ref<IMxDocument> Document() override { return qgis::test::Document(); }
+  IHostObjects& Objects() override { return *qgis::test::Access().services.objects; }
+  IFileSystem& Files() override { return *qgis::test::Access().services.files; }
+  // QGIS has one tab: the Layers panel can be seen, or not.
+  void SetTab(const Text& name) override { qgis::test::ShowLayersPanel(name == u"Display"); }
+  void Pick(const std::vector<Ref<IObject>>& items) override { qgis::test::Pick(items); }
+  void SetGraphics(const std::vector<std::string>& wkts) override { qgis::test::SetGraphics(wkts); }
+};
+
+class Contract : public testing::TestWithParam<Case> {};
+
+TEST_P(Contract, Holds) {
+  QgisWorld world;
+  try {
+    GetParam().run(world);
+  } catch (const std::exception& reason) {
+    FAIL() << reason.what();
+  }
+}
+
+std::string NameOf(const testing::TestParamInfo<Case>& test) {
+  std::string name = test.param.name;
+  for (char& letter : name) {
+    if (std::isalnum(static_cast<unsigned char>(letter)) == 0) letter = '_';
+  }
+  return name;
+}
+
+INSTANTIATE_TEST_SUITE_P(ContractOfQgis, Contract, testing::ValuesIn(AllCases()), NameOf);
+
+}  // namespace
+}  // namespace brelmon::contract
