@@ -10,8 +10,8 @@
 
 #include "hosts/common/hostfailure.h"
 #include "hosts/common/paths.h"
+#include "hosts/common/sourcekind.h"
 #include "hosts/headless/dbfrecords.h"
-#include "hosts/headless/sourcekind.h"
 
 namespace brelmon::headless {
 namespace {
@@ -62,7 +62,7 @@ bool LacksTable(const std::string& path) {
 
 VectorSource::VectorSource(SourceAddress address)
     : address_(std::move(address)), problem_(address_.problem) {
-  kind_ = KindOf(address_.path, "");
+  kind_ = host::KindOf(address_.path, "");
   if (problem_.empty() && LacksTable(address_.path)) problem_ = "the .dbf file is missing";
   if (!problem_.empty()) return;
   GDALDatasetUniquePtr dataset = OpenDataset();
@@ -94,9 +94,9 @@ OGRLayer* VectorSource::LayerOf(GDALDataset& dataset) const {
 
 void VectorSource::ReadShape(GDALDataset& dataset, OGRLayer& layer) {
   const std::string driver = dataset.GetDriver() ? dataset.GetDriver()->GetDescription() : "";
-  kind_ = KindOf(address_.path, driver);
+  kind_ = host::KindOf(address_.path, driver);
   isShapefile_ = driver == "ESRI Shapefile";
-  ownSql_ = HasSqlOfItsOwn(driver);
+  ownSql_ = host::HasSqlOfItsOwn(driver);
   layerName_ = layer.GetName();
   const bool elsewhere =
       driver == "CSV" && !address_.encoding.empty() && !EQUAL(address_.encoding.c_str(), "UTF-8");
@@ -132,8 +132,8 @@ std::int32_t VectorSource::FindField(TextView name) const {
 
 std::string VectorSource::WorkspacePath() const {
   // One table a file: the folder is the workspace.
-  return HoldsOneTable(kind_) ? std::filesystem::path(address_.path).parent_path().string()
-                              : address_.path;
+  return host::HoldsOneTable(kind_) ? std::filesystem::path(address_.path).parent_path().string()
+                                    : address_.path;
 }
 
 Text VectorSource::TableName() const {

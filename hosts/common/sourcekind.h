@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// What a source is called, by its GDAL driver or by its file's extension.
+// What a source is called, by its driver (or QGIS's name for it) or by its file's extension.
 #pragma once
 
 #include <string>
 
 #include "platform/text.h"
 
-namespace brelmon::headless {
+namespace brelmon::host {
 
 /// "Shapefile", "Personal Geodatabase", "SDE", ...; `driver` is empty for data that can't be
 /// opened.
@@ -15,4 +15,4 @@ Text KindOf(const std::string& path, const std::string& driver);
 bool HoldsOneTable(const Text& kind);
 bool HasSqlOfItsOwn(const std::string& driver);
 
-}  // namespace brelmon::headless
+}  // namespace brelmon::host
