@@ -7,6 +7,7 @@
 #include "cli/actions.h"
 #include "cli/columns.h"
 #include "cli/dialogrows.h"
+#include "hosts/common/folderworkspace.h"
 #include "hosts/common/paths.h"
 
 namespace brelmon::cli {
@@ -69,7 +70,7 @@ std::vector<std::string> Meanings(TreeView& tree, const Field& by) {
     const Node& node = tree.NodeAt(i);
     if (node.Parent() == nullptr || node.Image() != kTicked) continue;
     std::string words = ToUtf8(node.Caption());
-    words[0] = static_cast<char>(std::tolower(static_cast<unsigned char>(words[0])));
+    for (char& c : words) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
     meanings.push_back(words + " of " + ToUtf8(node.Parent()->Caption()));
   }
   return meanings;
@@ -122,47 +123,70 @@ void PrintRows(const Item& table, const std::vector<Field>& fields) {
   if (more > 0) std::cout << "... and " << more << " more\n";
 }
 
-int Summarize(Session& session, const SummarizeOptions& options) {
-  const Item item = FindTable(session.Host(), options.ItemWord);
-  const auto fields = FieldsOf(item);
-  const Field by = FindField(fields, item, options.FieldWord);
-  const auto statistics = FindStatistics(options, item, fields);
-  const std::string output = std::filesystem::absolute(options.Output).lexically_normal().string();
-  std::vector<std::string> meanings;
-  const auto work = [&](Form& form) {
-    auto& layers = Get<ComboBox>(form, u"cbxLayer");
-    layers.UserChoose(ItemRow(layers, session.Host(), item));
-    auto& names = Get<ComboBox>(form, u"cbxFieldName");
-    names.UserChoose(FieldRow(names, fields, by, Listed::UpToDates));
-    auto& tree = Get<TreeView>(form, u"treeFields");
-    auto inTree = fields;  // all but the field that is summarized by
-    std::erase_if(inTree, [&by](const Field& each) { return each.Number == by.Number; });
-    for (const auto& [statistic, field] : statistics) {
-      if (field->Number == by.Number) {
-        throw Refusal("\"" + ToUtf8(by.Alias) +
-                      "\" is what is summarized by: it has no statistics");
-      }
-      Tick(tree, FieldNode(tree, inTree, *field), statistic);
+/// What a run was asked for, found in the module.
+struct Request {
+  const SummarizeOptions& Options;
+  Item Of;
+  std::vector<Field> Fields;
+  Field By;
+  std::vector<Ticked> Statistics;
+  std::string Output;  // system path
+};
+
+void TickStatistics(TreeView& tree, const Request& request) {
+  auto inTree = request.Fields;  // all but the field that is summarized by
+  std::erase_if(inTree, [&](const Field& each) { return each.Number == request.By.Number; });
+  for (const auto& [statistic, field] : request.Statistics) {
+    if (field->Number == request.By.Number) {
+      throw Refusal("\"" + ToUtf8(field->Alias) +
+                    "\" is what is summarized by: it has no statistics");
     }
-    ChooseRecords(form, options);
-    TypeOver(Get<TextBox>(form, u"txtOutput"), host::Paths().ToWindows(output));
-    meanings = Meanings(tree, by);
-    Press(form, u"cmdOK", "there is no path to write to");
-    Dismiss(form);
-  };
+    Tick(tree, FieldNode(tree, inTree, *field), statistic);
+  }
+}
+
+/// Fills the form and presses OK; gives what the columns will hold.
+std::vector<std::string> WorkForm(Form& form, Session& session, const Request& request) {
+  auto& layers = Get<ComboBox>(form, u"cbxLayer");
+  layers.UserChoose(ItemRow(layers, session.Host(), request.Of));
+  auto& names = Get<ComboBox>(form, u"cbxFieldName");
+  names.UserChoose(FieldRow(names, request.Fields, request.By, Listed::UpToDates));
+  auto& tree = Get<TreeView>(form, u"treeFields");
+  TickStatistics(tree, request);
+  ChooseRecords(form, request.Options);
+  TypeOver(Get<TextBox>(form, u"txtOutput"), host::Paths().ToWindows(request.Output));
+  auto meanings = Meanings(tree, request.By);
+  Press(form, u"cmdOK", "there is no path to write to");
+  Dismiss(form);
+  return meanings;
+}
+
+void PrintTable(const Item& table, const std::vector<std::string>& meanings) {
+  const auto fields = DataFields(table);
+  // The host adds an extension to a name without one.
+  const auto path = table.Object.As<IDataset>()->FullName().As<host::DatasetPath>();
+  std::cout << "table: " << path->SystemPath << "\n\n";
+  PrintColumns(fields, meanings);
+  std::cout << '\n';
+  PrintRows(table, fields);
+}
+
+int Summarize(Session& session, const SummarizeOptions& options) {
+  Request request{options, FindTable(session.Host(), options.ItemWord), {}, {}, {}, {}};
+  request.Fields = FieldsOf(request.Of);
+  request.By = FindField(request.Fields, request.Of, options.FieldWord);
+  request.Statistics = FindStatistics(options, request.Of, request.Fields);
+  request.Output = std::filesystem::absolute(options.Output).lexically_normal().string();
+  std::vector<std::string> meanings;
+  const auto work = [&](Form& form) { meanings = WorkForm(form, session, request); };
   const auto tables = session.Document()->FocusMap().As<IStandaloneTableCollection>();
   const std::int32_t before = tables->StandaloneTableCount();
-  session.Click(u"cmdSumBrelmon", {{u"frm_Brelmon_Summarize", work}});
+  const Outcome outcome = session.Click(u"cmdSumBrelmon", {{u"frm_Brelmon_Summarize", work}});
   const std::int32_t after = tables->StandaloneTableCount();
   if (after == before) return kFailed;
   const auto made = tables->StandaloneTable(after - 1);
-  const Item table{0, 0, "table", made->Name(), made, {}};
-  const auto columns = DataFields(table);
-  std::cout << "table: " << output << '\n' << '\n';
-  PrintColumns(columns, meanings);
-  std::cout << '\n';
-  PrintRows(table, columns);
-  return kDone;
+  PrintTable({0, 0, "table", made->Name(), made, {}}, meanings);
+  return outcome.Untroubled() ? kDone : kFailed;
 }
 
 }  // namespace

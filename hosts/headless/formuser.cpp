@@ -38,8 +38,10 @@ class ModelessFrames::Frame : public IModelessFrame, public IWindowPosition {
   void SetCaption(const Text& caption) override { caption_ = caption; }
   bool Visible() override { return visible_; }
   void SetVisible(bool visible) override {
+    const auto form = form_.lock();
     visible_ = visible;
-    if (const auto form = form_.lock()) form->SetVisibleInFrame(visible);
+    shown_ = visible ? form : nullptr;
+    if (form) form->SetVisibleInFrame(visible);
   }
   std::int32_t Width() override { return Pixels(&Form::Width); }
   std::int32_t Height() override { return Pixels(&Form::Height); }
@@ -52,12 +54,19 @@ class ModelessFrames::Frame : public IModelessFrame, public IWindowPosition {
                 : 0;
   }
 
-  std::weak_ptr<Form> form_;  // the form holds its frame
+  std::weak_ptr<Form> form_;     // the form holds its frame
+  std::shared_ptr<Form> shown_;  // which holds the form while a user can see it
   Text caption_;
   bool visible_ = false;
 };
 
 ModelessFrames::ModelessFrames() = default;
+
+ModelessFrames::~ModelessFrames() {
+  for (const auto& weak : frames_) {
+    if (const auto frame = weak.lock()) frame->SetVisible(false);
+  }
+}
 
 Ref<IModelessFrame> ModelessFrames::NewFrame() {
   std::erase_if(frames_, [](const auto& frame) { return frame.expired(); });

@@ -30,10 +30,11 @@ class FormUser : public IFormHost {
   std::map<Text, Hands, NoCaseLess> hands_;
 };
 
-/// The modeless frames of the session.
+/// The modeless frames of the session; their end hides them.
 class ModelessFrames {
  public:
   ModelessFrames();
+  ~ModelessFrames();
   Ref<IModelessFrame> NewFrame();
   /// Forms whose frames are visible, in the order in which the frames were made.
   std::vector<std::shared_ptr<Form>> Visible() const;

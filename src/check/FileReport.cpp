@@ -53,7 +53,7 @@ bool FileReport::Form(bool firstLineMatters) {
 
 Text FileReport::Meant(std::int32_t line, const Text& asRead, Severity grade) {
   const Text meant = text_.Meant(asRead);
-  if (text_.Is() == ModuleText::Encoding::Utf8 && ToWindows1252(asRead) != ToWindows1252(meant)) {
+  if (text_.IsUtf8Line(asRead) && ToWindows1252(asRead) != ToWindows1252(meant)) {
     Add(line, grade, u"the line is encoded as UTF-8", u"the tools read \"" + asRead + u"\"",
         FitsWindows1252(meant) ? u"as Windows-1252: " + meant
                                : u"write it with letters that Windows-1252 has: " + meant);

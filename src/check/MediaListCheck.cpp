@@ -43,8 +43,12 @@ class MediaListCheck {
     // The tools stop at the first line that fails; an author wants to hear of all of them.
     for (;;) {
       std::optional<MediaItem> item;
+      const auto before = reader.Line();
       const auto failed = Guard::Ignore([&] { item = reader.Next(); });
-      if (failed != 0) {
+      if (failed != 0 && reader.Line() == before) {  // the disk's fault, not the author's
+        textfile::Close(kFileNumber);
+        Raise(failed);
+      } else if (failed != 0) {
         Broken(Trim(reader.LastLine()), reader.Line());
       } else if (item) {
         Item(*item, reader.LastLine());

@@ -20,6 +20,12 @@ bool IsUtf8(std::string_view bytes) {
   return !ascii && ToUtf8(FromUtf8(bytes)) == bytes;
 }
 
+/// A line tells its encoding for itself: an editor command of the tools may have added
+/// Windows-1252 to a file of UTF-8.
+Text FromEither(std::string_view line) {
+  return IsUtf8(line) ? FromUtf8(line) : FromWindows1252(line);
+}
+
 Text FromUtf16(std::string_view bytes, bool bigEndian) {
   Text text;
   for (std::size_t at = 0; at + 1 < bytes.size(); at += 2) {
@@ -74,11 +80,17 @@ std::int32_t ModuleText::EditorLine(std::int32_t line) const {
   return editorLines_.empty() ? 1 : editorLines_[std::min(at, editorLines_.size() - 1)];
 }
 
-Text ModuleText::Meant(const Text& asRead) const {
+std::string ModuleText::Unmarked(const Text& asRead) const {
   std::string bytes = ToWindows1252(asRead);
   if (mark_ != 0 && bytes.starts_with(kUtf8Mark)) bytes.erase(0, mark_);
-  return encoding_ == Encoding::Utf8 ? FromUtf8(bytes) : FromWindows1252(bytes);
+  return bytes;
 }
+
+bool ModuleText::IsUtf8Line(const Text& asRead) const {
+  return encoding_ == Encoding::Utf8 || IsUtf8(Unmarked(asRead));
+}
+
+Text ModuleText::Meant(const Text& asRead) const { return FromEither(Unmarked(asRead)); }
 
 Text ModuleText::Decoded() const {
   const std::string_view bytes = std::string_view(bytes_).substr(mark_);
@@ -89,8 +101,16 @@ Text ModuleText::Decoded() const {
     case Encoding::Utf16BigEndian:
       return FromUtf16(bytes, encoding_ == Encoding::Utf16BigEndian);
     default:
-      return FromWindows1252(bytes);
+      break;
   }
+  Text text;
+  for (std::size_t at = 0; at < bytes.size();) {
+    const std::size_t end = bytes.find_first_of("\r\n", at);
+    const std::string_view line = bytes.substr(at, end == bytes.npos ? end : end + 1 - at);
+    text += FromEither(line);
+    at += line.size();
+  }
+  return text;
 }
 
 std::optional<std::string> ModuleText::Repaired() const {

@@ -29,6 +29,8 @@ class ModuleText {
   std::int32_t EditorLine(std::int32_t line) const;
   /// Line of an editor that the last byte is on.
   std::int32_t LastEditorLine() const { return lastLine_; }
+  /// Whether a line, as the tools read it, was written as UTF-8.
+  bool IsUtf8Line(const Text& asRead) const;
   /// What the author wrote, for a line as the tools read it.
   Text Meant(const Text& asRead) const;
 
@@ -42,6 +44,9 @@ class ModuleText {
   const std::string& Bytes() const { return bytes_; }
 
  private:
+  /// Bytes of a line as the tools read it, without the file's mark.
+  std::string Unmarked(const Text& asRead) const;
+
   std::string bytes_;
   std::size_t mark_ = 0;  // bytes of the byte-order mark
   Encoding encoding_ = Encoding::Windows1252;

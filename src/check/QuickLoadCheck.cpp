@@ -51,6 +51,7 @@ class QuickLoadCheck {
     });
     QuickLoadFile::Close();
     if (failed == 0) return;
+    if (failed != failure::kInputPastEnd) Raise(failed);  // the disk's fault, not the author's
     const QuickLoadKind& kind = *reader.TagKind();
     const auto have = reader.Line() - reader.TagLine();
     report_.Add(
@@ -69,7 +70,7 @@ class QuickLoadCheck {
     const Text meant = report_.Meant(number, line, Severity::Note);
     const QuickLoadKind* kind = TagLike(meant, false);
     if (!kind || meant != line) return;  // a mark before the tag is told of already
-    const bool blanks = EqualNoCase(line, kind->Tag) == false;
+    const bool blanks = !EqualNoCase(line, kind->Tag);
     report_.Add(number, Severity::Fails,
                 blanks ? u"blanks stand around the tag" : u"the tag is written in the wrong case",
                 u"the tools skip the record: " + Text(kind->Tag) + u" must stand alone and so",

@@ -3,8 +3,8 @@
 #include "forms/frmAbout.h"
 
 #include "forms/aboutconfig.h"
-#include "frame/guard.h"
 #include "forms/pictures.h"
+#include "frame/guard.h"
 #include "frame/version.h"
 #include "platform/number.h"
 #include "util/aml_func_mod.h"

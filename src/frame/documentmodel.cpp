@@ -26,15 +26,12 @@ bool Graphics(const Ref<IMxDocument>& document) {
 }
 
 bool MapHasData(const Ref<IMxDocument>& document) {
-  const auto uid = FeatureLayerUID();
-  Ref<IEnumLayer> layers;
-  // A map without feature layers refuses to enumerate them; that is no fault of the user's.
-  const std::int32_t number =
-      Guard::Ignore([&] { layers = document->FocusMap()->Layers(uid, true); });
   bool found = false;
-  if (number == 0) {
-    WalkLayers(layers, [&](const Ref<ILayer>& layer) { return !(found = layer->Valid()); });
-  }
+  // Layers that can't be looked at are no reason to show a failure at each poll.
+  Guard::Ignore([&] {
+    WalkFeatureLayers(document->FocusMap(),
+                      [&](const Ref<ILayer>& layer) { return !(found = layer->Valid()); });
+  });
   if (!found) {
     WalkTables(document->FocusMap(),
                [&](const Ref<IStandaloneTable>& table) { return !(found = table->Valid()); });
@@ -95,7 +92,30 @@ void WalkTables(const Ref<IMap>& map,
   }
 }
 
-Ref<UID> FeatureLayerUID() { return New<UID>(Text(kFeatureLayerUID)); }
+void WalkFeatureLayers(const Ref<IMap>& map, const std::function<bool(const Ref<ILayer>&)>& visit) {
+  const auto uid = New<UID>(Text(kFeatureLayerUID));
+  Ref<IEnumLayer> layers;
+  Ref<ILayer> layer;
+  Guard::Ignore([&] {
+    layers = map->Layers(uid, true);
+    layers->Reset();
+    layer = layers->Next();
+  });
+  while (layer && visit(layer)) layer = layers->Next();
+}
+
+void ForEachValidItem(const Ref<IMap>& map, const std::function<void(const Ref<IObject>&)>& visit) {
+  if (map->LayerCount() > 0) {
+    WalkLayers(map->Layers(nullptr, true), [&](const Ref<ILayer>& layer) {
+      if (layer.Offers<IFeatureLayer>() && layer->Valid()) visit(layer);
+      return true;
+    });
+  }
+  WalkTables(map, [&](const Ref<IStandaloneTable>& table) {
+    if (table->Valid()) visit(table);
+    return true;
+  });
+}
 
 bool IsEnabled(EnabledRule rule, const Ref<IMxDocument>& document) {
   switch (rule) {
@@ -129,6 +149,12 @@ bool IsValidItem(const Ref<IObject>& item) {
   if (item.Offers<IFeatureLayer>()) return item.As<ILayer>()->Valid();
   if (item.Offers<IStandaloneTable>()) return item.As<IStandaloneTable>()->Valid();
   return false;
+}
+
+Text ItemName(const Ref<IObject>& item) {
+  if (item.Offers<IFeatureLayer>()) return item.As<ILayer>()->Name();
+  if (item.Offers<IStandaloneTable>()) return item.As<IStandaloneTable>()->Name();
+  return {};
 }
 
 }  // namespace brelmon

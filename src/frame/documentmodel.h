@@ -35,15 +35,18 @@ bool ForEachMember(const Ref<IObject>& item, Act act) {
   return true;
 }
 
-/// The valid feature layers of a map, then its valid tables: what statistics, queries and
-/// summaries offer. `first` comes with the layers in the order of the enumeration.
+/// Each visits in the host's order until `visit` gives false.
 void WalkLayers(const Ref<IEnumLayer>& layers,
                 const std::function<bool(const Ref<ILayer>&)>& visit);
 void WalkTables(const Ref<IMap>& map,
                 const std::function<bool(const Ref<IStandaloneTable>&)>& visit);
 
-/// An identifier object for feature layers only.
-Ref<UID> FeatureLayerUID();
+/// The feature layers of a map at any depth. A map that has none refuses to enumerate them: that
+/// failure is ignored, up to the first layer.
+void WalkFeatureLayers(const Ref<IMap>& map, const std::function<bool(const Ref<ILayer>&)>& visit);
+/// What statistics and queries offer: the valid feature layers of a map at any depth, then its
+/// valid tables.
+void ForEachValidItem(const Ref<IMap>& map, const std::function<void(const Ref<IObject>&)>& visit);
 
 /// The rules. Each may fail; the command's guard block then reports and gives false.
 bool IsEnabled(EnabledRule rule, const Ref<IMxDocument>& document);
@@ -51,7 +54,9 @@ bool IsEnabled(EnabledRule rule, const Ref<IMxDocument>& document);
 /// "There is something wrong with NAME!  It is not a valid " and the command's own tail.
 void ShowInvalidData(const Text& name, TextView tail);
 
-/// Validity and name of a feature layer or standalone table; false for any other item.
+/// Whether the item is a feature layer or standalone table whose data can be reached.
 bool IsValidItem(const Ref<IObject>& item);
+/// Name of a feature layer or standalone table; empty for any other item.
+Text ItemName(const Ref<IObject>& item);
 
 }  // namespace brelmon

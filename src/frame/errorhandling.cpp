@@ -20,7 +20,6 @@ Ref<IErrorDialog>& TrailDialog() {
 
 constexpr std::int32_t kModeDialog = 4;
 constexpr std::int32_t kModeMessageWithParent = 3;
-constexpr std::int32_t kModeMessage = 2;
 
 void ShowTrailDialog(const Text& label, const Text& description, std::int32_t /*parentWindow*/) {
   if (!TrailDialog()) TrailDialog() = HostObjects().NewErrorDialog();
@@ -72,8 +71,7 @@ void ReportTrailError(bool isTop, const Text& label, std::int32_t number, const 
     if (result) RaiseAgain(label, number, source, trail);
     return;
   }
-  static_assert(kModeMessage == 2);  // and any other mode
-  ShowTrailMessage(label, trail);
+  ShowTrailMessage(label, trail);  // mode 2, and any other
 }
 
 bool TrailInProgress() { return trailInProgress; }

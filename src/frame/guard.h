@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Guard blocks. A procedure hands its body to one of these, with its own name:
 //
-//   bool cmdStats::Enabled() {
-//     return Guard::Top(u"ICommand_Enabled", [&] { return MapHasData(m_pMxDoc); });
+//   Text toolBarBrelmon::Name() {
+//     return Guard::Top(u"IToolBarDef_Name", [] { return Text(kToolBarName); });
 //   }
 //
 // The result after a failure is the type's default: false, 0, "", no object.

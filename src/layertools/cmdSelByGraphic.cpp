@@ -15,6 +15,7 @@ void SelectTouched(const Ref<IFeatureSelection>& layer, const Ref<IEnumElement>&
                    const Ref<ISpatialFilter>& filter) {
   layer->Clear();
   layer->SelectionChanged();
+  elements->Reset();
   for (auto element = elements->Next(); element; element = elements->Next()) {
     filter->Geometry = element->Geometry();
     layer->SelectFeatures(filter, SelectionMethod::Add, false);
@@ -38,9 +39,9 @@ void cmdSelByGraphic::OnClick() {
   view->PartialRefresh(DrawPhase::GeoSelection, nullptr, nullptr);
   if (const auto set = item.TryAs<ISet>(); set && set->Count() == 0) return;
   ForEachMember(item, [&](const Ref<IObject>& member) {
-    if (!member.Offers<IFeatureLayer>()) return true;
-    elements->Reset();
-    SelectTouched(member.As<IFeatureSelection>(), elements, filter);
+    if (member.Offers<IFeatureLayer>()) {
+      SelectTouched(member.As<IFeatureSelection>(), elements, filter);
+    }
     return true;
   });
   m_pMxDoc->ActiveView()->PartialRefresh(DrawPhase::GeoSelection, nullptr, nullptr);

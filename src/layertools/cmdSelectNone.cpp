@@ -13,17 +13,6 @@ void Clear(const Ref<Selection>& selection) {
   selection->SelectionChanged();
 }
 
-void ClearLayers(const Ref<IMap>& map) {
-  const auto uid = FeatureLayerUID();
-  Ref<IEnumLayer> layers;
-  // A map without feature layers refuses to enumerate them, and may still hold tables.
-  if (Guard::Ignore([&] { layers = map->Layers(uid, true); }) != 0) return;
-  WalkLayers(layers, [](const Ref<ILayer>& layer) {
-    if (layer->Valid()) Clear(layer.As<IFeatureSelection>());
-    return true;
-  });
-}
-
 }  // namespace
 
 cmdSelectNone::cmdSelectNone() : BrelmonCommand(u"cmdSelectNone") {}
@@ -32,7 +21,10 @@ void cmdSelectNone::OnClick() {
   Guard::PlainBox([&] {
     RedrawSelection(m_pMxDoc);
     const auto map = m_pMxDoc->FocusMap();
-    ClearLayers(map);
+    WalkFeatureLayers(map, [](const Ref<ILayer>& layer) {
+      if (layer->Valid()) Clear(layer.As<IFeatureSelection>());
+      return true;
+    });
     WalkTables(map, [](const Ref<IStandaloneTable>& table) {
       if (table->Valid()) Clear(table.As<ITableSelection>());
       return true;

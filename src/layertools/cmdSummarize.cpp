@@ -12,12 +12,9 @@ namespace {
 /// in its tail too.
 bool CheckValid(const Ref<IObject>& item) {
   if (IsValidItem(item)) return true;
-  if (const auto layer = item.TryAs<ILayer>()) {
-    ShowInvalidData(layer->Name(), u"layer.  Unable to summarize this layer...");
-  } else {
-    ShowInvalidData(item.As<IStandaloneTable>()->Name(),
-                    u"table.  Unable to summarize this layer...");
-  }
+  ShowInvalidData(ItemName(item), item.Offers<IFeatureLayer>()
+                                      ? u"layer.  Unable to summarize this layer..."
+                                      : u"table.  Unable to summarize this layer...");
   return false;
 }
 

@@ -3,7 +3,6 @@
 #include "layertools/selectactive.h"
 
 namespace brelmon {
-namespace {
 
 void SelectAllRows(const Ref<IObject>& item, SelectionMethod method) {
   if (const auto layer = item.TryAs<IFeatureLayer>()) {
@@ -16,8 +15,6 @@ void SelectAllRows(const Ref<IObject>& item, SelectionMethod method) {
     selection->SelectionChanged();
   }
 }
-
-}  // namespace
 
 void RedrawSelection(const Ref<IMxDocument>& document) {
   document->ActiveView()->PartialRefresh(DrawPhase::GeoSelection, nullptr, nullptr);

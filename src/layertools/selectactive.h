@@ -11,6 +11,9 @@ namespace brelmon {
 void SelectActive(const Ref<IMxDocument>& document, SelectionMethod method,
                   const InvalidTails& tails);
 
+/// Applies `method` with all rows of a feature layer or standalone table and tells its listeners.
+void SelectAllRows(const Ref<IObject>& item, SelectionMethod method);
+
 /// Redraws the selection in the active view.
 void RedrawSelection(const Ref<IMxDocument>& document);
 

@@ -21,8 +21,7 @@ bool ForEachValidMember(const Ref<IObject>& item, const InvalidTails& tails, Act
     const bool isLayer = member.Offers<IFeatureLayer>();
     if (!isLayer && !member.Offers<IStandaloneTable>()) return true;
     if (!IsValidItem(member)) {
-      ShowInvalidData(isLayer ? member.As<ILayer>()->Name() : member.As<IStandaloneTable>()->Name(),
-                      isLayer ? tails.Layer : tails.Table);
+      ShowInvalidData(ItemName(member), isLayer ? tails.Layer : tails.Table);
       return false;
     }
     act(member);

@@ -52,7 +52,8 @@ class IApplication : public virtual IObject {
   virtual std::int32_t hWnd() = 0;
 };
 
-/// A window beside the host that a form lives in. Its own close button only hides it.
+/// A window beside the host that a form lives in. Its own close button only hides it. It holds the
+/// form while it is visible; the form holds it at all times.
 class IModelessFrame : public virtual IObject {
  public:
   virtual void Create(const Ref<IObject>& form) = 0;

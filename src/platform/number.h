@@ -20,7 +20,6 @@ Text GeneralText(bool value);
 /// The platform's numeric test and its conversion are one: blanks around, a sign, group symbols,
 /// the locale's decimal symbol, an exponent with e or d. Nothing for anything else or an overflow.
 std::optional<double> ParseNumber(TextView text);
-inline bool IsNumeric(TextView text) { return ParseNumber(text).has_value(); }
 
 /// Text to number; a text that is none fails with 13, one out of range with 6.
 double ToDouble(TextView text, std::int32_t line = __builtin_LINE());

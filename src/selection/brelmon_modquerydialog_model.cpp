@@ -6,6 +6,7 @@
 #include "selection/mapitem.h"
 #include "util/QuickSortNonCase.h"
 #include "util/aml_func_mod.h"
+#include "util/fieldenclosure.h"
 
 namespace brelmon {
 namespace {

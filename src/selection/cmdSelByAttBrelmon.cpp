@@ -56,16 +56,7 @@ void cmdSelByAttBrelmon::OnClick() {
       selected.Reset();
     }
     Offer offer(selected);
-    if (map->LayerCount() > 0) {
-      WalkLayers(map->Layers(nullptr, true), [&](const Ref<ILayer>& layer) {
-        if (layer.Offers<IFeatureLayer>() && layer->Valid()) offer.Add(layer, layer->Name());
-        return true;
-      });
-    }
-    WalkTables(map, [&](const Ref<IStandaloneTable>& table) {
-      if (table->Valid()) offer.Add(table, table->Name());
-      return true;
-    });
+    ForEachValidItem(map, [&](const Ref<IObject>& item) { offer.Add(item, ItemName(item)); });
     const auto names = offer.CutNames();
 
     if (!m_pDialog) m_pDialog = New<brelmon_ModQueryDialog>();

@@ -2,6 +2,7 @@
 // What the dialogs ask of a layer and of a table alike.
 #include "selection/mapitem.h"
 
+#include "layertools/selectactive.h"
 #include "platform/workspace.h"
 
 namespace brelmon {
@@ -21,26 +22,10 @@ Text SourceText(const Ref<IObject>& item) {
   return table.As<IDataset>()->Workspace()->WorkspaceFactory()->WorkspaceDescription(false);
 }
 
-FieldEnclosure EnclosureFor(const Text& sourceText) {
-  // Only the first test ignores case.
-  if (FindNoCase(sourceText, u"Personal Geodatabase") != Text::npos) return {u"[", u"]"};
-  if (sourceText.find(u"SDE") != Text::npos) return {};
-  if (sourceText.find(u"IMS") != Text::npos) return {};
-  return {u"\"", u"\""};
-}
-
 void SwitchSelection(const Ref<IApplication>& application, const Ref<IObject>& item) {
   const auto view = application->Document().As<IMxDocument>()->ActiveView();
   view->PartialRefresh(DrawPhase::GeoSelection, {}, {});
-  if (item.Offers<IFeatureLayer>()) {
-    const auto selection = item.As<IFeatureSelection>();
-    selection->SelectFeatures({}, SelectionMethod::Xor, false);
-    selection->SelectionChanged();
-  } else {
-    const auto selection = item.As<IStandaloneTable>().As<ITableSelection>();
-    selection->SelectRows({}, SelectionMethod::Xor, false);
-    selection->SelectionChanged();
-  }
+  SelectAllRows(item, SelectionMethod::Xor);
   view->PartialRefresh(DrawPhase::GeoSelection, {}, {});
 }
 

@@ -17,12 +17,6 @@ std::int32_t SelectedCount(const Ref<IObject>& item);
 /// "Shapefile Feature Class" of a layer, "Shapefile" of a table, or the like.
 Text SourceText(const Ref<IObject>& item);
 
-/// What a source wants around the names of its fields.
-struct FieldEnclosure {
-  Text Open, Close;
-};
-FieldEnclosure EnclosureFor(const Text& sourceText);
-
 /// Selects what isn't selected and the other way round, and redraws the selection.
 void SwitchSelection(const Ref<IApplication>& application, const Ref<IObject>& item);
 

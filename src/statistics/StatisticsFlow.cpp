@@ -13,6 +13,7 @@
 #include "statistics/brelmon_themeiddialog.h"
 #include "util/QuickSortNonCase.h"
 #include "util/aml_func_mod.h"
+#include "util/fieldenclosure.h"
 
 namespace brelmon {
 namespace {
@@ -22,12 +23,9 @@ constexpr std::size_t kRuleHyphens = 74;
 
 Text Rule(std::size_t hyphens) { return Text(hyphens, u'-') + Text(kCrLf); }
 
-/// How a data source wants field names in a query.
-enum class Enclosure { Brackets, Quotations, NotEnclosed };
-
 struct Source {
   Text TableName;
-  Enclosure Style = Enclosure::Quotations;
+  FieldEnclosure Enclosure;
   Ref<ITable> Table;
   Ref<ITableSelection> Selection;
   std::vector<std::int32_t> Indices;
@@ -51,20 +49,11 @@ struct FieldStatistics {
   double Records = 0;
 };
 
-Enclosure EnclosureOfLayer(const Text& sourceType) {
-  if (sourceType == u"Personal Geodatabase Feature Class") return Enclosure::Brackets;
-  if (sourceType == u"SDE Feature Class" || sourceType.find(u"IMS") != Text::npos) {
-    return Enclosure::NotEnclosed;
-  }
-  return Enclosure::Quotations;
-}
-
-Enclosure EnclosureOfTable(const Text& description) {
-  if (FindNoCase(description, u"Personal Geodatabase") != Text::npos) return Enclosure::Brackets;
-  if (description.find(u"SDE") != Text::npos || description.find(u"IMS") != Text::npos) {
-    return Enclosure::NotEnclosed;
-  }
-  return Enclosure::Quotations;
+/// Whole source texts are compared, but for one word.
+const FieldEnclosure& EnclosureOfLayer(const Text& sourceType) {
+  if (sourceType == u"Personal Geodatabase Feature Class") return kBrackets;
+  if (sourceType == u"SDE Feature Class") return kNotEnclosed;
+  return sourceType.find(u"IMS") != Text::npos ? kNotEnclosed : kQuotations;
 }
 
 /// The fields of both kinds are asked of the layer, so that a standalone table with a chosen field
@@ -82,32 +71,20 @@ Source ReadSource(const brelmon_ThemeIDDialog& dialog) {
   const Ref<IObject> item = dialog.StatisticsTable();
   Source source;
   if (item.Offers<IFeatureLayer>()) {
-    source.Style = EnclosureOfLayer(item.As<IFeatureLayer>()->DataSourceType());
+    source.Enclosure = EnclosureOfLayer(item.As<IFeatureLayer>()->DataSourceType());
     source.TableName = item.As<ILayer>()->Name();
     AddFields(source, item.As<ILayerFields>(), dialog.StatisticsFieldIndices);
     source.Table = item.As<ITable>();
     source.Selection = item.As<ITableSelection>();
   } else if (item.Offers<IStandaloneTable>()) {
     const auto factory = item.As<IDataset>()->Workspace()->WorkspaceFactory();
-    source.Style = EnclosureOfTable(factory->WorkspaceDescription(false));
+    source.Enclosure = EnclosureFor(factory->WorkspaceDescription(false));
     AddFields(source, nullptr, dialog.StatisticsFieldIndices);
     source.TableName = item.As<IStandaloneTable>()->Name();
     source.Table = item.As<IStandaloneTable>()->Table();
     source.Selection = item.As<ITableSelection>();
   }
   return source;
-}
-
-Text Enclosed(const Text& name, Enclosure style) {
-  switch (style) {
-    case Enclosure::Brackets:
-      return u"[" + name + u"]";
-    case Enclosure::Quotations:
-      return u"\"" + name + u"\"";
-    case Enclosure::NotEnclosed:
-      break;
-  }
-  return name;
 }
 
 /// Two places more, in 16 bits.
@@ -157,9 +134,10 @@ class Run {
   Ref<IQueryFilter> Exclusion(const Text& name) {
     if (!choices_.Ignore) return {};
     Text clause;
-    if (source_.Style != Enclosure::NotEnclosed || variant_.ExcludesNotEnclosed) {
+    const auto& [open, close] = source_.Enclosure;
+    if (source_.Enclosure != kNotEnclosed || variant_.ExcludesNotEnclosed) {
       for (const double value : choices_.Ignored) {
-        clause += Enclosed(name, source_.Style) + u" <> " + GeneralText(value) + u" AND ";
+        clause += open + name + close + u" <> " + GeneralText(value) + u" AND ";
       }
     }
     filter_->WhereClause = BasicTrimAvenue(clause, u"", u" and");

@@ -2,6 +2,7 @@
 // The statistics dialog: what it offers, what it makes of a click, its answer.
 #include "statistics/brelmon_themeiddialog.h"
 
+#include "frame/documentmodel.h"
 #include "frame/guard.h"
 #include "platform/map.h"
 #include "platform/number.h"
@@ -12,12 +13,6 @@ namespace {
 
 constexpr std::size_t kFieldRows = 1001;
 constexpr std::int32_t kMostDecimals = 6, kUsualDecimals = 2;
-
-Text NameOf(const Ref<IObject>& item) {
-  if (item.Offers<IFeatureLayer>()) return item.As<ILayer>()->Name();
-  if (item.Offers<IStandaloneTable>()) return item.As<IStandaloneTable>()->Name();
-  return {};
-}
 
 Ref<IFieldsView> FieldsOf(const Ref<IObject>& item) {
   if (item.Offers<IFeatureLayer>()) return item.As<ILayerFields>();
@@ -127,7 +122,7 @@ void brelmon_ThemeIDDialog::ListItems() {
   for (std::int32_t i = 0; i < theTableLayers.Count(); ++i) {
     const auto item = theTableLayers.Item(GeneralText(i));
     if (Same(item, theCurrentSelected)) preselected = i;
-    names.push_back(NameOf(item));
+    names.push_back(ItemName(item));
   }
   for (const Text& name : names) lbxTheme.AddItem(name);
   if (!optSelected.Value() && !optAll.Value()) optAll.SetValue(true);
@@ -203,8 +198,8 @@ bool brelmon_ThemeIDDialog::ReadIgnoreValues() {
   std::vector<double> numbers;
   Text bad;
   for (const Text& piece : pieces) {
-    if (IsNumeric(piece)) {
-      numbers.push_back(ToDouble(piece));
+    if (const auto number = ParseNumber(piece)) {
+      numbers.push_back(*number);
     } else {
       bad += u" --> " + piece + Text(kCrLf);
     }

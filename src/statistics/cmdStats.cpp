@@ -8,22 +8,11 @@
 namespace brelmon {
 namespace {
 
-/// Feature layers at any depth, then tables; only what can be reached.
+/// Under the keys "0", "1"...
 Collection<Ref<IObject>> ItemsOf(const Ref<IMap>& map) {
   Collection<Ref<IObject>> items;
-  const auto offer = [&items](const Ref<IObject>& item) {
-    items.Add(item, GeneralText(items.Count()));
-  };
-  if (map->LayerCount() > 0) {
-    WalkLayers(map->Layers(nullptr, true), [&](const Ref<ILayer>& layer) {
-      if (layer.Offers<IFeatureLayer>() && layer->Valid()) offer(layer);
-      return true;
-    });
-  }
-  WalkTables(map, [&](const Ref<IStandaloneTable>& table) {
-    if (table->Valid()) offer(table);
-    return true;
-  });
+  ForEachValidItem(map,
+                   [&](const Ref<IObject>& item) { items.Add(item, GeneralText(items.Count())); });
   return items;
 }
 

@@ -11,18 +11,12 @@ namespace {
 
 /// Keys are the positions as decimal text, without a gap.
 Collection<Ref<IObject>> ItemsOf(const Ref<IMxDocument>& document) {
-  Ref<IEnumLayer> layers;
-  // A map without feature layers refuses to enumerate them; its tables are offered all the same.
-  const std::int32_t number =
-      Guard::Ignore([&] { layers = document->FocusMap()->Layers(FeatureLayerUID(), true); });
   Collection<Ref<IObject>> items;
   const auto add = [&](const Ref<IObject>& item) { items.Add(item, GeneralText(items.Count())); };
-  if (number == 0) {
-    WalkLayers(layers, [&](const Ref<ILayer>& layer) {
-      if (layer->Valid()) add(layer);
-      return true;
-    });
-  }
+  WalkFeatureLayers(document->FocusMap(), [&](const Ref<ILayer>& layer) {
+    if (layer->Valid()) add(layer);
+    return true;
+  });
   WalkTables(document->FocusMap(), [&](const Ref<IStandaloneTable>& table) {
     if (table->Valid()) add(table);
     return true;

@@ -30,9 +30,4 @@ Ref<IModelessFrame> frmSumHelp::Frame() {
   });
 }
 
-void frmSumHelp::Close() {
-  m_pFrame.Reset();
-  Unload();
-}
-
 }  // namespace brelmon

@@ -13,13 +13,8 @@ class frmSumHelp : public Form {
 
   PictureBox Picture1{*this, u"Picture1"};
 
-  /// The frame that holds this form, made at first use. Frame and form keep each other until the
-  /// form is unloaded.
+  /// The frame that holds this form, made at first use.
   Ref<IModelessFrame> Frame();
-  /// Whether it is on the screen.
-  bool Shown() { return m_pFrame && m_pFrame->Visible(); }
-  /// Lets go of the frame, and of the form with it.
-  void Close();
 
  protected:
   void Design() override;

@@ -83,9 +83,7 @@ void frm_Brelmon_Summarize::Form_Unload() {
   Guard::Top(u"Form_Unload", [&] {
     SelectedLayer.Reset();
     Field_Array.Reset();
-    // A help window that is being read stays open beside the host.
-    if (m_pHelp && !m_pHelp->Shown()) m_pHelp->Close();
-    m_pHelp.Reset();
+    m_pHelp.Reset();  // one that is being read stays open, in its frame
     ArcApp.Reset();
     reportWindow.Reset();
   });

@@ -138,6 +138,7 @@ TEST(ModuleTextTest, Encodings) {
   } rows[] = {
       {"Windows-1252 stays", "\xFC\x93\x81\r\n", "\xFC\x93\x81\r\n"},
       {"bytes that are no UTF-8 stay", "\xC3\xBC\xFC\r\n", "\xC3\xBC\xFC\r\n"},
+      {"each line for itself", "\xC3\xBC\r\n\xFC\n", "\xFC\r\n\xFC\r\n"},
       {"UTF-8", "\xC3\xBC\xE2\x82\xAC\r\n", "\xFC\x80\r\n"},
       {"little-endian UTF-16", std::string("\xFF\xFE\xFC\0\x0A\0", 6), "\xFC\r\n"},
       {"big-endian UTF-16", std::string("\xFE\xFF\0\xFC\0\x0D", 6), "\xFC\r\n"},

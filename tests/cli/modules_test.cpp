@@ -130,7 +130,7 @@ TEST(Contents, MarksWhatIsPickedAndCountsWhatIsSelected) {
       << said;
   EXPECT_TRUE(Contains(
       said, "     9  picked  table            weather           valid     2922      2922\n"));
-  EXPECT_TRUE(Contains(said, "    Volcanoes         invalid     -         -\n")) << said;
+  EXPECT_TRUE(Contains(said, "  Volcanoes       invalid      -         -\n")) << said;
 }
 
 TEST(Contents, ANameThatStandsTwiceIsRefusedWithItsNumbers) {

@@ -17,7 +17,6 @@ using test::FakeWorld;
 
 class EnabledRules : public ::testing::Test {
  protected:
-
   /// The rules that hold now, one letter each, in the order of the enumeration.
   std::string Holding() {
     const std::map<EnabledRule, char> letters = {{EnabledRule::Always, 'w'},
@@ -90,6 +89,23 @@ TEST_F(EnabledRules, MapHasDataLooksIntoGroupsAndThenAtTables) {
   inner->valid = true;
   EXPECT_EQ(Holding(), "wm");
   EXPECT_TRUE(world.trails.empty());
+}
+
+struct LostLayer : public test::FakeLayer {
+  bool Valid() override { Raise(failure::kRefused); }
+};
+struct UnlistedMap : public test::FakeMap {
+  Ref<IEnumLayer> Layers(const Ref<UID>&, bool) override { return {}; }
+};
+
+TEST_F(EnabledRules, MapHasDataIgnoresFailuresOfLayersAlone) {
+  world.map->layers.push_back(New<LostLayer>());
+  EXPECT_EQ(Holding(), "w");
+  world.map->AddTable(u"table");
+  EXPECT_EQ(Holding(), "wm");
+  WalkFeatureLayers(New<UnlistedMap>(), [](const Ref<ILayer>&) { return true; });
+  world.document->maps.clear();
+  EXPECT_ANY_THROW(IsEnabled(EnabledRule::MapHasData, world.document));
 }
 
 TEST_F(EnabledRules, AnySelectionLooksIntoEveryFrame) {

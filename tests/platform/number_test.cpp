@@ -100,8 +100,8 @@ TEST(ParseNumber, RefusesEverythingElse) {
         u"1\u00A0000"}) {
     EXPECT_FALSE(ParseNumber(text)) << ToUtf8(text);
   }
-  EXPECT_FALSE(IsNumeric(Text(400, u'9')));
-  EXPECT_FALSE(IsNumeric(TextView(u"1\0002", 3)));
+  EXPECT_FALSE(ParseNumber(Text(400, u'9')));
+  EXPECT_FALSE(ParseNumber(TextView(u"1\0002", 3)));
 }
 
 TEST(ParseNumber, FollowsTheLocale) {

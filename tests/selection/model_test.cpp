@@ -1,34 +1,11 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Fields, tokens, values and the count.
-#include "selection/mapitem.h"
 #include "tests/selection/queryworld.h"
 
 namespace brelmon::test {
 namespace {
 
 using Model = QueryDialogTest;
-
-TEST(FieldEnclosureTest, BySourceText) {
-  const struct {
-    const char16_t* source;
-    Text open, close;
-  } rows[] = {
-      {u"Personal Geodatabase Feature Class", u"[", u"]"},
-      {u"personal geodatabase feature class", u"[", u"]"},
-      {u"SDE Feature Class", u"", u""},
-      {u"Personal Geodatabase over SDE", u"[", u"]"},
-      {u"IMS Feature Class", u"", u""},
-      {u"sde feature class", u"\"", u"\""},
-      {u"ims", u"\"", u"\""},
-      {u"Shapefile Feature Class", u"\"", u"\""},
-      {u"", u"\"", u"\""},
-  };
-  for (const auto& row : rows) {
-    const auto [open, close] = EnclosureFor(row.source);
-    EXPECT_EQ(open, row.open) << ToUtf8(row.source);
-    EXPECT_EQ(close, row.close) << ToUtf8(row.source);
-  }
-}
 
 TEST_F(Model, ListsVisibleFieldsOfKnownTypesInTheirOrder) {
   towns->dataSourceType = u"SDE Feature Class";

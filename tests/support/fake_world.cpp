@@ -99,24 +99,26 @@ bool Browser::DoModalSave(std::int32_t) {
 class ModelessFrame : public IModelessFrame, public IWindowPosition {
  public:
   explicit ModelessFrame(Log& log) : log_(log) {}
-  void Create(const Ref<IObject>& form) override { form_ = form.As<Form>(); }
+  void Create(const Ref<IObject>& form) override { form_ = form.As<Form>().Shared(); }
   Text Caption() override { return caption_; }
   void SetCaption(const Text& caption) override { caption_ = caption; }
   bool Visible() override { return visible_; }
   void SetVisible(bool visible) override {
     visible_ = visible;
+    shown_ = visible ? form_.lock() : nullptr;
     Note(&log_, "Frame [" + ToUtf8(caption_) + "] " + (visible ? "shown" : "hidden"));
   }
   std::int32_t Width() override {
-    return static_cast<std::int32_t>(form_->Width()) / kTwipsPerPixel;
+    return static_cast<std::int32_t>(form_.lock()->Width()) / kTwipsPerPixel;
   }
   std::int32_t Height() override {
-    return static_cast<std::int32_t>(form_->Height()) / kTwipsPerPixel;
+    return static_cast<std::int32_t>(form_.lock()->Height()) / kTwipsPerPixel;
   }
 
  private:
   Log& log_;
-  Ref<Form> form_;
+  std::weak_ptr<Form> form_;
+  std::shared_ptr<Form> shown_;
   Text caption_;
   bool visible_ = false;
 };
@@ -421,7 +423,8 @@ FakeWorld::FakeWorld()
 }
 
 FakeWorld::~FakeWorld() {
-  ErrorHandling::Reset();  // its dialog is this world's
+  for (const auto& frame : frames) frame->SetVisible(false);  // frame and form keep each other
+  ErrorHandling::Reset();                                     // its dialog is this world's
   SetServices(before_);
 }
 

@@ -17,6 +17,7 @@
 #include "hosts/qgis/qgishost.h"
 #include "hosts/qgis/services/errordialog.h"
 #include "hosts/qgis/services/hostservices.h"
+#include "hosts/qgis/view/modelessframe.h"
 
 namespace brelmon::qgis {
 namespace {
@@ -95,6 +96,7 @@ class Plugin : public QObject, public QgisPlugin {
   void End() {
     if (!session_) return;
     WhenErrorDialogCloses({});
+    HideModelessFrames();
     session_->frameMenu.reset();
     session_->watch.reset();
     session_->graphics.reset();

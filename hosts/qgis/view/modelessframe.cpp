@@ -7,6 +7,7 @@
 #include <QCloseEvent>
 #include <QPointer>
 #include <optional>
+#include <vector>
 
 #include "hosts/qgis/qgishost.h"
 #include "hosts/qgis/view/formview.h"
@@ -62,9 +63,22 @@ class FrameWindow : public QWidget {
   QString title_;
 };
 
-class ModelessFrame : public virtual IModelessFrame, public virtual IWindowPosition {
+class ModelessFrame;
+
+std::vector<ModelessFrame*>& Frames() {
+  static std::vector<ModelessFrame*> frames;
+  return frames;
+}
+
+class ModelessFrame : public virtual IModelessFrame,
+                      public virtual IWindowPosition,
+                      public std::enable_shared_from_this<ModelessFrame> {
  public:
-  ~ModelessFrame() override { Drop(); }
+  ModelessFrame() { Frames().push_back(this); }
+  ~ModelessFrame() override {
+    Drop();
+    std::erase(Frames(), this);
+  }
 
   void Create(const Ref<IObject>& form) override { form_ = form.As<Form>(0).Shared(); }
   Text Caption() override { return caption_; }
@@ -78,9 +92,11 @@ class ModelessFrame : public virtual IModelessFrame, public virtual IWindowPosit
     if (!form) Raise(failure::kObjectNotSet, 0);
     if (!visible) {
       Drop();
+      shown_.reset();
       form->SetVisibleInFrame(false);
       return;
     }
+    shown_ = form;
     form->SetVisibleInFrame(true);
     if (!window_) Open(*form);
     if (place_) window_->move(*place_);
@@ -115,6 +131,7 @@ class ModelessFrame : public virtual IModelessFrame, public virtual IWindowPosit
     window_ = new FrameWindow(
         form,
         [this] {
+          const auto alive = shared_from_this();
           if (!form_.expired()) SetVisible(false);
         },
         [this] { Drop(); });
@@ -135,7 +152,8 @@ class ModelessFrame : public virtual IModelessFrame, public virtual IWindowPosit
     window->deleteLater();
   }
 
-  std::weak_ptr<Form> form_;  // the form holds its frame
+  std::weak_ptr<Form> form_;     // the form holds its frame
+  std::shared_ptr<Form> shown_;  // which holds the form while a user can see it
   Text caption_;
   std::optional<QPoint> place_;  // where it stood last
   QPointer<FrameWindow> window_;
@@ -144,5 +162,12 @@ class ModelessFrame : public virtual IModelessFrame, public virtual IWindowPosit
 }  // namespace
 
 Ref<IModelessFrame> NewModelessFrame() { return New<ModelessFrame>(); }
+
+void HideModelessFrames() {
+  const auto frames = Frames();
+  for (ModelessFrame* frame : frames) {
+    if (frame->Visible()) frame->SetVisible(false);
+  }
+}
 
 }  // namespace brelmon::qgis

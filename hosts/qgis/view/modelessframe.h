@@ -8,5 +8,7 @@ namespace brelmon::qgis {
 
 /// The same object offers IWindowPosition.
 Ref<IModelessFrame> NewModelessFrame();
+/// Hides those that are shown, for the end of the plug-in.
+void HideModelessFrames();
 
 }  // namespace brelmon::qgis
