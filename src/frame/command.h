@@ -46,12 +46,15 @@ class BrelmonCommand : public ICommand {
 
   /// What a command creates or sets behind the objects of OnCreate, under the same guard block.
   virtual void Created() {}
-  /// Drops the bitmap, guarded; then `more` for what else the class lets go. For destructors.
+  /// Drops the bitmap, guarded; then `more` for what else the class lets go. For destructors: not
+  /// even a failing error dialog gets out.
   template <class More>
   void Terminate(More more) {
-    Block(u"Class_Terminate", [&] {
-      m_pBitmap.Reset();
-      more();
+    Guard::Ignore([&] {
+      Block(u"Class_Terminate", [&] {
+        m_pBitmap.Reset();
+        more();
+      });
     });
   }
 

@@ -123,6 +123,12 @@ TEST(About, PrintsTheVersion) {
   EXPECT_TRUE(Contains(said.out, "\nVersion 1.9.59\n"));
 }
 
+TEST(Check, FindsInTheSampleWhatIsWrittenBesideIt) {
+  const auto said = Brelmon({Earth(), "check"});
+  EXPECT_EQ(said.status, 1);  // its broken layer and its nulls are planted
+  EXPECT_EQ(said.out, ReadFile(BRELMON_SOURCE_DIR "/samples/earth-check.txt"));
+}
+
 TEST(Check, TellsFindingsAndMendsLineEnds) {
   const EarthCopy earth;
   const std::string module = earth.Path().string(), file = earth.At("QuickLoad.txt");
