@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // The contract of hosts over the running QGIS.
-#include "tests/contract/contract.h"
-
-#include <gtest/gtest.h>
-
+#include "tests/contract/suite.h"
 #include "tests/qgis/inside.h"
 
 namespace brelmon::contract {
@@ -24,22 +21,7 @@ class QgisWorld : public World {
 
 class Contract : public testing::TestWithParam<Case> {};
 
-TEST_P(Contract, Holds) {
-  QgisWorld world;
-  try {
-    GetParam().run(world);
-  } catch (const std::exception& reason) {
-    FAIL() << reason.what();
-  }
-}
-
-std::string NameOf(const testing::TestParamInfo<Case>& test) {
-  std::string name = test.param.name;
-  for (char& letter : name) {
-    if (std::isalnum(static_cast<unsigned char>(letter)) == 0) letter = '_';
-  }
-  return name;
-}
+TEST_P(Contract, Holds) { ExpectHolds<QgisWorld>(GetParam()); }
 
 INSTANTIATE_TEST_SUITE_P(ContractOfQgis, Contract, testing::ValuesIn(AllCases()), NameOf);
 

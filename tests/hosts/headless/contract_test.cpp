@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // The contract of hosts over the headless host.
-#include "tests/contract/contract.h"
-
-#include <gtest/gtest.h>
-
 #include "hosts/headless/headlesshost.h"
+#include "tests/contract/suite.h"
 
 namespace brelmon::contract {
 namespace {
@@ -25,22 +22,7 @@ class HeadlessWorld : public World {
 
 class Contract : public testing::TestWithParam<Case> {};
 
-TEST_P(Contract, Holds) {
-  HeadlessWorld world;
-  try {
-    GetParam().run(world);
-  } catch (const std::exception& reason) {
-    FAIL() << reason.what();
-  }
-}
-
-std::string NameOf(const testing::TestParamInfo<Case>& test) {
-  std::string name = test.param.name;
-  for (char& letter : name) {
-    if (std::isalnum(static_cast<unsigned char>(letter)) == 0) letter = '_';
-  }
-  return name;
-}
+TEST_P(Contract, Holds) { ExpectHolds<HeadlessWorld>(GetParam()); }
 
 INSTANTIATE_TEST_SUITE_P(Headless, Contract, testing::ValuesIn(AllCases()), NameOf);
 
