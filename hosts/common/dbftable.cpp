@@ -53,7 +53,10 @@ class PassingTable {
       const fs::path from = With(passing_, extension);
       std::error_code error;
       if (fs::exists(from)) fs::rename(from, With(path_, extension), error);
-      if (error) Fail(failure::kPathFileAccess, error.message());
+      if (!error) continue;
+      std::error_code ignored;
+      fs::remove(With(path_, ".cpg"), ignored);
+      Fail(failure::kPathFileAccess, error.message());
     }
   }
   static constexpr std::int32_t kFileExists = 58;

@@ -13,10 +13,11 @@ namespace {
 constexpr std::size_t kNameBytes = 10;
 constexpr std::size_t kMostColumns = 255;
 
-constexpr struct {
+struct Word {
   std::string_view word, prefix;
   Statistic statistic;
-} kWords[] = {
+};
+constexpr Word kWords[] = {
     {"Count", "Cnt_", Statistic::Count},     {"Minimum", "Min_", Statistic::Minimum},
     {"Maximum", "Max_", Statistic::Maximum}, {"Average", "Ave_", Statistic::Average},
     {"Sum", "Sum_", Statistic::Sum},         {"Variance", "Var_", Statistic::Variance},
@@ -45,6 +46,26 @@ std::string ColumnName(std::string_view prefix, const std::string& field, std::s
   }
 }
 
+/// The word that `term` begins with, a point behind it; null if there is none.
+const Word* WordOf(std::string_view term) {
+  const std::size_t point = term.find('.');
+  if (point == std::string_view::npos) return nullptr;
+  const Text word = FromUtf8(term.substr(0, point));
+  const auto known = std::find_if(std::begin(kWords), std::end(kWords), [&](const auto& each) {
+    return EqualNoCase(FromUtf8(each.word), word);
+  });
+  return known == std::end(kWords) ? nullptr : known;
+}
+
+/// Where the first term ends. The name of a field may hold what stands between terms.
+std::size_t EndOfTerm(std::string_view terms) {
+  std::size_t end = terms.find(", ");
+  while (end != std::string_view::npos && !WordOf(terms.substr(end + 2))) {
+    end = terms.find(", ", end + 1);
+  }
+  return std::min(end, terms.size());
+}
+
 bool IsNumeric(FieldType type) { return type <= FieldType::Double || type == FieldType::OID; }
 
 void CheckType(Statistic statistic, const DissolveField& field) {
@@ -57,10 +78,16 @@ void CheckType(Statistic statistic, const DissolveField& field) {
 }  // namespace
 
 std::size_t FieldNamed(const std::vector<DissolveField>& fields, std::string_view name) {
+  const auto matching = [&](const auto& matches) {
+    return static_cast<std::size_t>(std::find_if(fields.begin(), fields.end(), matches) -
+                                    fields.begin());
+  };
   const Text wanted = FromUtf8(name);
-  for (std::size_t i = 0; i < fields.size(); ++i) {
-    if (EqualNoCase(FromUtf8(fields[i].Name), wanted)) return i;
+  std::size_t found = matching([&](const auto& each) { return each.Name == name; });
+  if (found == fields.size()) {
+    found = matching([&](const auto& each) { return EqualNoCase(FromUtf8(each.Name), wanted); });
   }
+  if (found < fields.size()) return found;
   Fail(failure::kInvalidCall, "There is no field " + std::string(name) + ".");
 }
 
@@ -69,21 +96,15 @@ std::vector<DissolveTerm> ParseTerms(std::string_view summary,
   std::vector<DissolveTerm> terms;
   std::set<Text> taken;
   for (std::size_t at = 0; at < summary.size();) {
-    const std::size_t end = std::min(summary.find(", ", at), summary.size());
-    const std::string_view term = summary.substr(at, end - at);
-    at = end + 2;
-    const std::size_t point = std::min(term.find('.'), term.size());
-    const Text word = FromUtf8(term.substr(0, point));
-    const auto known = std::find_if(std::begin(kWords), std::end(kWords), [&](const auto& each) {
-      return EqualNoCase(FromUtf8(each.word), word);
-    });
-    if (known == std::end(kWords) || point == term.size()) {
+    const std::string_view term = summary.substr(at, EndOfTerm(summary.substr(at)));
+    at += term.size() + 2;
+    const Word* word = WordOf(term);
+    if (!word) {
       Fail(failure::kInvalidCall, "The summary can't be read at \"" + std::string(term) + "\".");
     }
-    const std::size_t field = FieldNamed(fields, term.substr(point + 1));
-    CheckType(known->statistic, fields[field]);
-    terms.push_back(
-        {known->statistic, field, ColumnName(known->prefix, fields[field].Name, taken)});
+    const std::size_t field = FieldNamed(fields, term.substr(term.find('.') + 1));
+    CheckType(word->statistic, fields[field]);
+    terms.push_back({word->statistic, field, ColumnName(word->prefix, fields[field].Name, taken)});
   }
   if (terms.empty()) Fail(failure::kInvalidCall, "A summary needs a column at least.");
   if (terms.size() > kMostColumns) {

@@ -14,7 +14,7 @@ struct DissolveTerm {
   std::string Column;  // at most ten bytes, unique regardless of case
 };
 
-/// Index of the field of that name, regardless of case; fails with 5.
+/// Index of the field of that name, to the letter or else regardless of case; fails with 5.
 std::size_t FieldNamed(const std::vector<DissolveField>& fields, std::string_view name);
 
 /// Fails as Dissolve does.

@@ -9,7 +9,7 @@
 #include "hosts/common/hostfailure.h"
 #include "hosts/common/querytokens.h"
 #include "hosts/common/uniquevalues.h"
-#include "hosts/headless/rows.h"
+#include "hosts/headless/dbfrows.h"
 
 namespace brelmon::headless {
 namespace {
@@ -39,6 +39,12 @@ class Row : public IRowBuffer {
   OGRFeatureUniquePtr row_;
 };
 
+/// Few rows of many are fetched one by one.
+bool IsFew(VectorSource& source, const Text& clause, const RowIds* only) {
+  return only && host::IsBlank(clause) &&
+         static_cast<GIntBig>(only->size()) * 8 < source.TotalRows();
+}
+
 class Cursor : public ICursor, public host::ICursorFields {
  public:
   Cursor(std::shared_ptr<VectorSource> source, RowRequest request, bool recycling,
@@ -49,9 +55,8 @@ class Cursor : public ICursor, public host::ICursorFields {
         only_(std::move(only)) {
     rows_.emplace(OpenRows(*source_, request_));
     NoteFields();
-    // Few rows of many are fetched one by one.
-    byId_ = only_ && host::IsBlank(request_.clause) && (*rows_)->TestCapability(OLCRandomRead) &&
-            static_cast<GIntBig>(only_->size()) * 8 < source_->TotalRows();
+    byId_ =
+        IsFew(*source_, request_.clause, only_.get()) && (*rows_)->TestCapability(OLCRandomRead);
   }
 
   Ref<IRowBuffer> NextRow() override {
@@ -150,6 +155,9 @@ Ref<ICursor> NewCursor(const std::shared_ptr<VectorSource>& source, const Text& 
   request.clause = clause;
   request.allFields = subFields.empty() || subFields == u"*";
   if (!request.allFields) request.fields = FieldsNamed(*source, subFields);
+  const bool few = IsFew(*source, clause, only.get());
+  const auto plain = few ? Ref<ICursor>() : NewDbfCursor(source, request, recycling, only);
+  if (plain) return plain;
   return New<Cursor>(source, std::move(request), recycling, std::move(only));
 }
 

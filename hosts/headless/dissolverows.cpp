@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// Values straight from GDAL's features: no text is copied on its way to its group.
+// Values straight from the file or from GDAL's features: no text is copied on its way to its group.
 #include "hosts/headless/dissolverows.h"
 
 #include <cpl_error.h>
@@ -7,7 +7,9 @@
 #include <algorithm>
 #include <optional>
 
+#include "hosts/common/dissolvecolumns.h"
 #include "hosts/common/hostfailure.h"
+#include "hosts/headless/dbfrows.h"
 #include "hosts/headless/table.h"
 #include "hosts/headless/tableselection.h"
 
@@ -21,16 +23,9 @@ class DissolveRows : public host::IDissolveRows {
       : source_(std::move(source)), definition_(std::move(definition)), only_(std::move(only)) {
     const VectorSource::Handle shape = source_->Open();
     for (const SourceField& field : source_->Fields()) {
-      host::DissolveField told{ToUtf8(field.name), field.type, 0, 0};
-      if (field.ogrIndex >= 0) {
-        const auto* column = shape->GetLayerDefn()->GetFieldDefn(field.ogrIndex);
-        told.Width = column->GetWidth();
-        told.Decimals = column->GetPrecision();
-      }
-      fields_.push_back(std::move(told));
+      fields_.push_back({ToUtf8(field.name), field.type, 0, 0});
     }
-    const char* encoding = shape->GetMetadataItem("SOURCE_ENCODING", "SHAPEFILE");
-    if (encoding && *encoding != '\0') encoding_ = encoding;
+    encoding_ = host::ReadColumns(*shape, fields_);
     recoded_.resize(fields_.size());
   }
 
@@ -38,6 +33,8 @@ class DissolveRows : public host::IDissolveRows {
   std::string Encoding() override { return encoding_; }
 
   void Choose(const std::vector<std::size_t>& fields) override {
+    plain_ = DbfRows::Open(source_, definition_);
+    if (plain_) return;
     RowRequest request;
     request.clause = definition_;
     for (const std::size_t field : fields) {
@@ -47,10 +44,17 @@ class DissolveRows : public host::IDissolveRows {
   }
 
   bool Next() override {
+    if (plain_) {
+      do {
+        if (!plain_->Next()) return false;
+      } while (!IsWanted(plain_->Id()));
+      row_.reset();
+      return true;
+    }
     do {
       row_.reset((*rows_)->GetNextFeature());
-    } while (row_ && only_ && !std::binary_search(only_->begin(), only_->end(), row_->GetFID()));
-    if (!row_ && CPLGetLastErrorType() >= CE_Failure) {
+    } while (row_ && !IsWanted(row_->GetFID()));
+    if (!row_ && ReadingBroke(*source_, definition_)) {
       host::Fail(failure::kDeviceIo, CPLGetLastErrorMsg());
     }
     return row_ != nullptr;
@@ -59,6 +63,11 @@ class DissolveRows : public host::IDissolveRows {
   host::DissolveCell Cell(std::size_t index) override {
     using Kind = host::DissolveCell::Kind;
     const SourceField& field = source_->Fields()[index];
+    if (plain_ && !row_) {
+      if (const auto cell = PlainCell(index, field)) return *cell;
+      row_.reset(source_->Open()->GetFeature(plain_->Id()));
+      if (!row_) host::Fail(failure::kDeviceIo, CPLGetLastErrorMsg());
+    }
     if (field.ogrIndex < 0) return {Kind::Number, static_cast<double>(row_->GetFID()), {}};
     if (!row_->IsFieldSetAndNotNull(field.ogrIndex)) return {};
     switch (field.ogrType) {
@@ -81,6 +90,34 @@ class DissolveRows : public host::IDissolveRows {
   }
 
  private:
+  bool IsWanted(GIntBig id) const {
+    return !only_ || std::binary_search(only_->begin(), only_->end(), id);
+  }
+
+  /// Nothing for what only GDAL can read.
+  std::optional<host::DissolveCell> PlainCell(std::size_t index, const SourceField& field) {
+    using Kind = host::DissolveCell::Kind;
+    const DbfTable& table = *plain_->Table();
+    const DbfCell cell = table.Cell(plain_->Record(), field);
+    switch (cell.is) {
+      case DbfCell::Kind::Null:
+        return host::DissolveCell{};
+      case DbfCell::Kind::Whole:
+        return host::DissolveCell{Kind::Number, static_cast<double>(cell.whole), {}};
+      case DbfCell::Kind::Real:
+        return host::DissolveCell{Kind::Number, cell.real, {}};
+      case DbfCell::Kind::Date:
+        return host::DissolveCell{Kind::Date, ToDate({cell.year, cell.month, cell.day}).Serial, {}};
+      case DbfCell::Kind::Text:
+        if (table.IsUtf8(cell.text)) return host::DissolveCell{Kind::Text, 0, cell.text};
+        recoded_[index] = table.ToUtf8(cell.text);
+        return host::DissolveCell{Kind::Text, 0, recoded_[index]};
+      case DbfCell::Kind::Odd:
+        break;
+    }
+    return {};
+  }
+
   std::string_view TextOf(std::size_t index, const SourceField& field) {
     const char* bytes = row_->GetFieldAsString(field.ogrIndex);
     if (!source_->RecodesTexts()) return bytes;
@@ -93,7 +130,8 @@ class DissolveRows : public host::IDissolveRows {
   std::shared_ptr<const RowIds> only_;
   std::vector<host::DissolveField> fields_;
   std::vector<std::string> recoded_;
-  std::string encoding_ = "UTF-8";
+  std::string encoding_;
+  std::unique_ptr<DbfRows> plain_;
   std::optional<VectorSource::Handle> rows_;
   OGRFeatureUniquePtr row_;
 };

@@ -8,7 +8,7 @@
 #include <numeric>
 
 #include "hosts/common/hostfailure.h"
-#include "hosts/common/querytokens.h"
+#include "hosts/headless/dbfrows.h"
 
 namespace brelmon::headless {
 namespace {
@@ -37,12 +37,6 @@ bool IsNeeded(const RowRequest& request, const host::ClauseNames& names, const S
          std::find(request.fields.begin(), request.fields.end(), index) != request.fields.end() ||
          std::any_of(names.fields.begin(), names.fields.end(),
                      [&](const Text& name) { return EqualNoCase(name, field.name); });
-}
-
-bool TestsGeometry(const host::ClauseNames& names) {
-  return std::any_of(names.fields.begin(), names.fields.end(), [](const Text& name) {
-    return FindNoCase(name, u"OGR_GEOM") == 0 || EqualNoCase(name, u"OGR_STYLE");
-  });
 }
 
 void IgnoreTheRest(const VectorSource& source, const RowRequest& request, OGRLayer& layer) {
@@ -82,6 +76,12 @@ void TryReading(OGRLayer& layer) {
 
 }  // namespace
 
+bool TestsGeometry(const host::ClauseNames& names) {
+  return std::any_of(names.fields.begin(), names.fields.end(), [](const Text& name) {
+    return FindNoCase(name, u"OGR_GEOM") == 0 || EqualNoCase(name, u"OGR_STYLE");
+  });
+}
+
 void TryClause(VectorSource& source, TextView clause) {
   if (host::IsBlank(clause)) return;
   if (clause.find(u'\0') != TextView::npos) Refuse("it holds a character that no query can hold");
@@ -117,6 +117,11 @@ bool ReadingBroke(const VectorSource& source, const Text& clause) {
 
 GIntBig CountRows(VectorSource& source, const Text& clause) {
   if (host::IsBlank(clause)) return source.TotalRows();
+  if (auto plain = DbfRows::Open(source.shared_from_this(), clause)) {
+    GIntBig count = 0;
+    while (plain->Next()) ++count;
+    return count;
+  }
   const VectorSource::Handle rows = OpenRows(source, {clause, {}, false, false});
   const GIntBig count = rows->GetFeatureCount(TRUE);
   if (count < 0 || ReadingBroke(source, clause)) Refuse(CPLGetLastErrorMsg());
@@ -128,6 +133,11 @@ RowIds IdsOfRows(VectorSource& source, const Text& clause, const OGRGeometry* sh
   if (host::IsBlank(clause) && shape == nullptr && !justOne && source.HasDenseIds()) {
     ids.resize(static_cast<std::size_t>(source.TotalRows()));
     std::iota(ids.begin(), ids.end(), GIntBig{0});
+    return ids;
+  }
+  auto plain = shape ? nullptr : DbfRows::Open(source.shared_from_this(), clause);
+  if (plain) {
+    while ((ids.empty() || !justOne) && plain->Next()) ids.push_back(plain->Id());
     return ids;
   }
   const VectorSource::Handle rows = OpenRows(source, {clause, {}, false, shape != nullptr});

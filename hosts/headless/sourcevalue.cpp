@@ -9,12 +9,6 @@
 namespace brelmon::headless {
 namespace {
 
-Value WholeNumber(GIntBig number) {
-  using Limits = std::numeric_limits<std::int32_t>;
-  if (number < Limits::min() || number > Limits::max()) return static_cast<double>(number);
-  return static_cast<std::int32_t>(number);
-}
-
 Value DateValue(const OGRFeature& row, int index) {
   CivilTime time;
   float seconds = 0;
@@ -31,6 +25,12 @@ Value DateValue(const OGRFeature& row, int index) {
 }
 
 }  // namespace
+
+Value WholeNumber(GIntBig number) {
+  using Limits = std::numeric_limits<std::int32_t>;
+  if (number < Limits::min() || number > Limits::max()) return static_cast<double>(number);
+  return static_cast<std::int32_t>(number);
+}
 
 Value ReadValue(const VectorSource& source, const OGRFeature& row, const SourceField& field) {
   if (field.ogrIndex < 0) return WholeNumber(row.GetFID());

@@ -52,7 +52,7 @@ class Table : public IHostTable,
     const auto known = counts_.find(clause);
     if (known != counts_.end()) return known->second;
     if (counts_.size() >= kCountsKept) counts_.clear();
-    return counts_[clause] = Count32(CountRows(source, clause));
+    return counts_[clause] = Count32(CountAndKeep(source, clause));
   }
   Text DefinitionExpression() override { return settings_.definition; }
   void SetDefinitionExpression(const Text& expression) override {
@@ -68,7 +68,12 @@ class Table : public IHostTable,
   void SelectRows(const Ref<IQueryFilter>& filter, SelectionMethod method, bool justOne) override {
     VectorSource& source = *Reached();
     const GeometryPtr shape = ShapeOf(filter);
-    selection_->Combine(IdsOfRows(source, TriedClause(filter), shape.get(), justOne), method);
+    const Text clause = TriedClause(filter);
+    const bool known = counted_ && counted_->first == clause && !shape && !justOne;
+    RowIds rows =
+        known ? std::move(counted_->second) : IdsOfRows(source, clause, shape.get(), justOne);
+    if (known) counted_.reset();
+    selection_->Combine(std::move(rows), method);
   }
   void Clear() override {
     if (gone_) Reached();
@@ -136,6 +141,14 @@ class Table : public IHostTable,
  private:
   static constexpr std::size_t kCountsKept = 16;
 
+  /// A query is tried before it selects: what is read row by row for the count is kept for that.
+  GIntBig CountAndKeep(VectorSource& source, const Text& clause) {
+    counted_.reset();
+    if (host::IsBlank(clause) || !source.PlainTable()) return CountRows(source, clause);
+    counted_.emplace(clause, IdsOfRows(source, clause, nullptr, false));
+    return static_cast<GIntBig>(counted_->second.size());
+  }
+
   /// The filter and the definition together; the filter is tried by itself first.
   Text TriedClause(const Ref<IQueryFilter>& filter) {
     if (!filter || filter->WhereClause.empty()) return settings_.definition;
@@ -160,6 +173,7 @@ class Table : public IHostTable,
   TableSettings settings_;
   std::shared_ptr<RowSelection> selection_;
   std::map<Text, std::int32_t> counts_;
+  std::optional<std::pair<Text, RowIds>> counted_;  // the rows of one clause
   bool gone_ = false;
 };
 

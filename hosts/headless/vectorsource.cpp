@@ -12,6 +12,7 @@
 #include "hosts/common/paths.h"
 #include "hosts/common/sourcekind.h"
 #include "hosts/headless/dbfrecords.h"
+#include "hosts/headless/dbfrows.h"
 
 namespace brelmon::headless {
 namespace {
@@ -184,11 +185,20 @@ void VectorSource::CountRows() {
   if (total_ < 0) host::Fail(failure::kDeviceIo, "The rows can't be counted: " + address_.path);
   if (!isShapefile_) return;
   // The count of a dBASE file takes in rows that are marked as deleted.
-  const std::string dbf = host::TrueCase(CPLResetExtension(address_.path.c_str(), "dbf"));
-  const std::optional<DbfRecords> records = CountDbfRecords(dbf);
+  const std::optional<DbfRecords> records = CountDbfRecords(DbfPath());
   if (!records) return;
   dense_ = records->deleted == 0 && records->total == total_;
   if (records->total == total_) total_ -= records->deleted;
+}
+
+std::string VectorSource::DbfPath() const {
+  if (!isShapefile_ || !IsShapefileName(address_.path)) return {};
+  return host::TrueCase(CPLResetExtension(address_.path.c_str(), "dbf"));
+}
+
+const std::shared_ptr<const DbfTable>& VectorSource::PlainTable() {
+  if (!plain_) plain_ = DbfTable::Of(*this);
+  return *plain_;
 }
 
 bool VectorSource::Extent(OGREnvelope& extent) {

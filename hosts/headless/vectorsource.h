@@ -5,6 +5,7 @@
 #include <ogrsf_frmts.h>
 
 #include <memory>
+#include <optional>
 
 #include "hosts/headless/sourceaddress.h"
 #include "platform/table.h"
@@ -17,6 +18,8 @@ struct SourceField {
   int ogrIndex = -1;  // -1 for the row's identifier
   OGRFieldType ogrType = OFTInteger64;
 };
+
+class DbfTable;
 
 class VectorSource : public std::enable_shared_from_this<VectorSource> {
  public:
@@ -63,6 +66,10 @@ class VectorSource : public std::enable_shared_from_this<VectorSource> {
   /// Whether the identifiers are 0 to TotalRows() - 1.
   bool HasDenseIds();
   bool Extent(OGREnvelope& extent);
+  /// The file of a shapefile's or dBASE table's attributes; empty for other sources.
+  std::string DbfPath() const;
+  /// The way to read that file without GDAL; null where there is none.
+  const std::shared_ptr<const DbfTable>& PlainTable();
 
   /// Whether texts need TextFromSource; else GDAL gives UTF-8.
   bool RecodesTexts() const { return !recode_.empty(); }
@@ -88,8 +95,12 @@ class VectorSource : public std::enable_shared_from_this<VectorSource> {
   std::string layerName_;
   GIntBig total_ = -1;
   bool dense_ = false;
+  std::optional<std::shared_ptr<const DbfTable>> plain_;
   std::vector<std::pair<GDALDatasetUniquePtr, OGRLayer*>> idle_;
 };
+
+/// 32 bits where they do, else a double.
+Value WholeNumber(GIntBig number);
 
 /// A value of the present row; null where the source has none.
 Value ReadValue(const VectorSource& source, const OGRFeature& row, const SourceField& field);

@@ -6,6 +6,7 @@
 
 #include "hosts/headless/headlesshost.h"
 #include "platform/map.h"
+#include "tests/hosts/headless/module.h"
 
 namespace brelmon::headless {
 namespace {
@@ -53,6 +54,16 @@ TEST(DissolveRows, AgreeWithTheCursor) {
       EXPECT_TRUE(!selected || fast.size() == 1) << fast.size();
     }
   }
+}
+
+// GDAL complains of the null among the dates and reads on.
+TEST(DissolveRows, ReadOnWhereAFilterMeetsNulls) {
+  Module module;
+  MakeShapefile(module.Path("sites.shp"));
+  module.Open({{"s", "sites.shp"}});
+  const auto table = module.Layer(u"s").As<ITable>();
+  table.As<ITableDefinition>()->SetDefinitionExpression(u"\"DAY\" > '2000/01/01'");
+  EXPECT_EQ(Everything(*NewDissolveRows(table, false)).size(), 1u);
 }
 
 }  // namespace

@@ -43,20 +43,6 @@ void AddRow(OGRLayer& layer, double x, double y, const std::vector<std::string>&
   ASSERT_EQ(layer.CreateFeature(row.get()), OGRERR_NONE);
 }
 
-std::string Escaped(const std::string& text) {
-  std::string escaped;
-  for (const char letter : text) {
-    if (letter == '&') {
-      escaped += "&amp;";
-    } else if (letter == '<') {
-      escaped += "&lt;";
-    } else {
-      escaped += letter;
-    }
-  }
-  return escaped;
-}
-
 }  // namespace
 
 std::string TreeLayer(const std::string& id) {
@@ -72,7 +58,7 @@ std::string ProjectXml(const std::string& tree, const std::vector<LayerXml>& lay
   for (const LayerXml& layer : layers) {
     text += "<maplayer type=\"" + std::string(layer.provider == "gdal" ? "raster" : "vector") +
             "\" geometry=\"" + layer.geometry + "\"><id>" + layer.id + "</id><layername>" +
-            layer.id + "</layername><datasource>" + Escaped(layer.source) +
+            layer.id + "</layername><datasource>" + layer.source +
             "</datasource><provider encoding=\"" + layer.encoding + "\">" + layer.provider +
             "</provider>" + layer.extra + "</maplayer>";
   }

@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 
+#include "frame/guard.h"
 #include "hosts/headless/headlesshost.h"
 #include "tests/hosts/tempfolder.h"
 
@@ -44,13 +45,7 @@ void MakeShapefile(const std::string& path);
 /// The failure's number, 0 if there was none.
 template <class Body>
 std::int32_t NumberOf(Body body) {
-  try {
-    body();
-  } catch (const Failure& failure) {
-    EXPECT_FALSE(failure.Description.empty());
-    return failure.Number;
-  }
-  return 0;
+  return Guard::Ignore(body);
 }
 
 }  // namespace brelmon::headless

