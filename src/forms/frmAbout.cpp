@@ -77,34 +77,34 @@ frmAbout::frmAbout() : Form(u"frmAbout") {
 }
 
 void frmAbout::Design() {
-  Form::Design(u"About BRELMON:", 8400, 5700, true);
+  Form::Design(u"About BRELMON:", 8400, 7200, true);
   imgBrelmon.Move(180, 180, 1800, 2400);
   imgBrelmon.SetPicture(PictureOf("brelmon.bmp", u"A globe over a table"));
-  rtfAbout.Move(2160, 180, 6060, 3600);
+  rtfAbout.Move(2160, 180, 6060, 5100);
   rtfAbout.SetToolTipText(u"What the learning modules are for");
   lblVersion.SetCaption(u"Version:");
-  lblVersion.Move(180, 3960, 1860, 255);
-  picMakerLogo.Move(180, 4320, 960, 960);
+  lblVersion.Move(180, 5460, 1860, 255);
+  picMakerLogo.Move(180, 5820, 960, 960);
   picMakerLogo.SetPicture(PictureOf("logo.bmp", u"Home page"));
   lglGIS.SetCaption(u"ArcGIS Tools by ");
-  lglGIS.Move(1320, 4440, 1380, 255);
+  lglGIS.Move(1320, 5940, 1380, 255);
   lblWebSite.SetCaption(Text(about::kMakerName));
-  lblWebSite.Move(2700, 4440, 3300, 255);
+  lblWebSite.Move(2700, 5940, 3300, 255);
   lblSponsor1.SetCaption(Text(about::kSponsorLine));
-  lblSponsor1.Move(1320, 4860, 4500, 255);
+  lblSponsor1.Move(1320, 6360, 4500, 255);
   lblSponsor2.SetCaption(Text(about::kSponsorName));
-  lblSponsor2.Move(1320, 5160, 4500, 255);
+  lblSponsor2.Move(1320, 6660, 4500, 255);
   for (Label* link : {&lblWebSite, &lblSponsor2}) {
     link->SetForeColor(colour::kBlue);
     link->SetFont({{}, 0, false, true});
   }
   cmdSysInfo.SetCaption(u"&System Info...");
-  cmdSysInfo.Move(6300, 4320, 1740, 375);
+  cmdSysInfo.Move(6300, 5820, 1740, 375);
   cmdOK.SetCaption(u"OK");
-  cmdOK.Move(6300, 4860, 1740, 375);
+  cmdOK.Move(6300, 6360, 1740, 375);
   cmdOK.SetDefault(true);
   cmdOK.SetCancel(true);
-  imgCornerBars.Move(8160, 5460, 225, 225);
+  imgCornerBars.Move(8160, 6960, 225, 225);
   imgCornerBars.SetPicture(CornerBars());
 }
 

@@ -47,6 +47,7 @@ void frm_Brelmon_Summarize::DesignGeneral() {
   }
   constexpr Twips kLeft = 180, kFieldLeft = 420, kLabelWidth = kInner - 2 * kLeft;
   constexpr Twips kFieldWidth = kInner - kFieldLeft - kLeft, kBrowse = 435;
+  constexpr Twips kBreakWidth = 5850;  // the line breaks at the run of blanks
   Place(lblLayer, u"1.  Select a feature layer or table:", kLeft, 240, kLabelWidth, kLabelHeight);
   Place(cbxLayer, {}, kFieldLeft, 495, kFieldWidth, kBoxHeight);
   Place(lbl1, u"2.  Select a field to summarize:", kLeft, 960, kLabelWidth, kLabelHeight);
@@ -54,7 +55,7 @@ void frm_Brelmon_Summarize::DesignGeneral() {
   Place(lbl2,
         u"3.  Choose one or more summary statistics to be included in the            output "
         u"table:",
-        kLeft, 1680, kLabelWidth, 2 * kLabelHeight);
+        kLeft, 1680, kBreakWidth, 2 * kLabelHeight);
   Place(treeFields, {}, kFieldLeft, 2160, kFieldWidth, 3000);
   Place(lbl3, u"4.  Specify output table:", kLeft, 5310, kLabelWidth, kLabelHeight);
   Place(txtOutput, {}, kFieldLeft, 5625, kFieldWidth - kBrowse - 90, kBoxHeight);

@@ -18,8 +18,10 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QListView>
 #include <QMainWindow>
+#include <QMenu>
 #include <QScreen>
 #include <QTest>
 #include <QTimer>
@@ -54,6 +56,24 @@ QgsAnnotationItem* ItemFrom(const std::string& wkt) {
       qgsgeometry_cast<const QgsCurvePolygon*>(shape.constGet())->clone());
 }
 
+QAction* EnabledAction(const char* className) {
+  auto* action = Access().iface->mainWindow()->findChild<QAction*>(QString::fromLatin1(className));
+  EXPECT_TRUE(WaitFor([&] { return action->isEnabled(); })) << className << " stays disabled";
+  return action;
+}
+
+/// Runs `script` in the window that `start` opens; both have ended when this returns.
+void During(const std::function<void()>& start, const QString& window,
+            const std::function<void(QWidget*)>& script) {
+  bool ran = false;
+  Soon(window, [&](QWidget* there) {
+    script(there);
+    ran = true;
+  });
+  start();
+  EXPECT_TRUE(WaitFor([&] { return ran; }));
+}
+
 }  // namespace
 
 const TestAccess& Access() { return *running; }
@@ -83,6 +103,17 @@ void Pick(const std::vector<Ref<IObject>>& items) {
     panel.selectionModel()->select(panel.node2index(node),
                                    QItemSelectionModel::Select | QItemSelectionModel::Rows);
   }
+}
+
+Ref<ILayer> LayerCalled(const Text& name) {
+  const auto layers = Document()->FocusMap()->Layers({}, true);
+  Ref<ILayer> layer = layers->Next();
+  while (layer && layer->Name() != name) layer = layers->Next();
+  return layer;
+}
+
+std::int32_t SelectedIn(const Text& layer) {
+  return LayerCalled(layer).As<ITableSelection>()->SelectionSet()->Count();
 }
 
 void ShowLayersPanel(bool show) {
@@ -126,10 +157,8 @@ QToolButton* ToolButton(const char* className) {
   return qobject_cast<QToolButton*>(bar->widgetForAction(action));
 }
 
-void ClickAndDo(const char* className, const QString& window,
-                const std::function<void(QWidget*)>& script) {
-  bool ran = false;
-  QTimer::singleShot(0, [&] {
+void Soon(const QString& window, const std::function<void(QWidget*)>& script) {
+  QTimer::singleShot(0, [window, script] {
     QWidget* there = Window(window);
     ASSERT_TRUE(there) << "no window " << window.toStdString();
     QTest::qWait(50);
@@ -139,29 +168,80 @@ void ClickAndDo(const char* className, const QString& window,
       ADD_FAILURE() << reason.what();
       there->close();
     }
-    ran = true;
   });
-  QToolButton* button = ToolButton(className);
-  ASSERT_TRUE(WaitFor([&] { return button->isEnabled(); })) << className << " stays disabled";
-  Click(button);
-  EXPECT_TRUE(WaitFor([&] { return ran; }));
 }
 
-void Click(QWidget* widget) { QTest::mouseClick(widget, Qt::LeftButton); }
+void ClickAndDo(QWidget* button, const QString& window,
+                const std::function<void(QWidget*)>& script) {
+  During([&] { Click(button); }, window, script);
+}
+
+void ClickAndDo(const char* className, const QString& window,
+                const std::function<void(QWidget*)>& script) {
+  EnabledAction(className);  // first: waiting would run the script too early
+  During([&] { Push(className); }, window, script);
+}
+
+void Push(const char* className) {
+  QAction* action = EnabledAction(className);
+  if (QToolButton* button = ToolButton(className)) return Click(button);
+  auto* menu = qobject_cast<QMenu*>(action->associatedWidgets().value(0));
+  ASSERT_TRUE(menu) << className << " is on no menu";
+  menu->popup(Access().iface->mainWindow()->mapToGlobal(QPoint(300, 200)));
+  QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
+}
+
+void AnswerBox(QMessageBox::StandardButton answer, QString* text) {
+  Soon(QStringLiteral("BrelmonMessageBox"), [answer, text](QWidget* window) {
+    auto* box = qobject_cast<QMessageBox*>(window);
+    if (text) *text = box->text();
+    Click(box->button(answer));
+  });
+}
+
+void Click(QWidget* widget) {
+  WaitFor([&] { return widget->isEnabled(); });
+  QTest::mouseClick(widget, Qt::LeftButton);
+}
+
+void ClickOption(QWidget* window, const char* name) {
+  auto* option = Control<QWidget>(window, name);
+  QTest::mouseClick(option, Qt::LeftButton, {}, QPoint(8, option->height() / 2));
+  QTest::qWait(50);  // the form hears of it from the event loop
+}
 
 void ClickRow(QWidget* list, int row, Qt::KeyboardModifiers keys) {
   auto* view = qobject_cast<QListView*>(list);
   const QModelIndex index = view->model()->index(row, 0);
   view->scrollTo(index);
   QTest::mouseClick(view->viewport(), Qt::LeftButton, keys, view->visualRect(index).center());
+  QTest::qWait(50);
 }
 
-void TakePicture(const QString& name) {
+void TakePicture(const QString& name, QWidget* window) {
   const QString folder = qEnvironmentVariable("BRELMON_PICTURES");
   if (folder.isEmpty()) return;
   QTest::qWait(300);
-  QApplication::primaryScreen()->grabWindow(0).save(folder + QLatin1Char('/') + name +
-                                                    QStringLiteral(".png"));
+  QPixmap picture = QApplication::primaryScreen()->grabWindow(0);
+  if (window) picture = picture.copy(window->frameGeometry());
+  picture.save(folder + QLatin1Char('/') + name + QStringLiteral(".png"));
+}
+
+void StandInForOpener() {
+  QFile program(Module() + QStringLiteral("/../opener"));
+  ASSERT_TRUE(program.open(QIODevice::WriteOnly));
+  program.write("#!/bin/sh\nprintf '%s\\n' \"$@\" >\"$0.new\" && mv \"$0.new\" \"$0.log\"\n");
+  program.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+  qputenv("BRELMON_OPENER", QFile::encodeName(program.fileName()));
+}
+
+QStringList LastOpened() {
+  QFile log(qEnvironmentVariable("BRELMON_OPENER") + QStringLiteral(".log"));
+  if (!WaitFor([&] { return log.open(QIODevice::ReadOnly); })) return {};
+  QStringList words = QString::fromUtf8(log.readAll()).split(QLatin1Char('\n'));
+  words.removeLast();  // behind the last line end
+  log.remove();
+  return words;
 }
 
 }  // namespace brelmon::qgis::test

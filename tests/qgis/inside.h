@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QMessageBox>
 #include <QToolButton>
 #include <functional>
 
@@ -18,6 +19,9 @@ Ref<IMxDocument> Document();
 void OpenModule();
 /// Selects items in the Layers panel: layers and tables by object, frames by their group.
 void Pick(const std::vector<Ref<IObject>>& items);
+/// A layer of the data frame in focus; null if none has that name.
+Ref<ILayer> LayerCalled(const Text& name);
+std::int32_t SelectedIn(const Text& layer);
 void ShowLayersPanel(bool show);
 void SetGraphics(const std::vector<std::string>& wkts);
 
@@ -34,14 +38,31 @@ T* Control(QWidget* window, const char* name) {
 }
 
 QToolButton* ToolButton(const char* className);
-/// Clicks a tool button with the mouse; `script` runs in the command's own event loop, once the
+/// Pushes a command's button (see below); `script` runs in the command's own event loop, once the
 /// window of that name is there. Both have ended when this returns.
 void ClickAndDo(const char* className, const QString& window,
                 const std::function<void(QWidget*)>& script);
+/// The same for any other button.
+void ClickAndDo(QWidget* button, const QString& window,
+                const std::function<void(QWidget*)>& script);
+/// Clicks a tool button, or the menu entry of a command off the bar, once it is enabled.
+void Push(const char* className);
+/// Runs `script` in the event loop that comes next, once the window of that name is there.
+void Soon(const QString& window, const std::function<void(QWidget*)>& script);
+/// Answers the next message box by a click on one of its buttons.
+void AnswerBox(QMessageBox::StandardButton answer, QString* text = nullptr);
 void Click(QWidget* widget);
+/// Clicks the mark of a radio button: the rest of its place may lie beyond its text.
+void ClickOption(QWidget* window, const char* name);
 void ClickRow(QWidget* list, int row, Qt::KeyboardModifiers keys = Qt::NoModifier);
 
-/// Writes a picture of the whole screen, if pictures are asked for.
-void TakePicture(const QString& name);
+/// Writes a picture of the whole screen, or of one window with its frame, if pictures are asked
+/// for.
+void TakePicture(const QString& name, QWidget* window = nullptr);
+
+/// Stands in for the program that opens files and addresses, from now on.
+void StandInForOpener();
+/// What the stand-in was given last: target and folder. Waits for it, and forgets it.
+QStringList LastOpened();
 
 }  // namespace brelmon::qgis::test

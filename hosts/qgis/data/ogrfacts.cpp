@@ -2,12 +2,15 @@
 // Facts of OGR sources, from a handle of our own that is closed at once.
 #include "hosts/qgis/data/ogrfacts.h"
 
+#include <cpl_string.h>
 #include <gdal.h>
-#include <ogr_api.h>
+#include <ogrsf_frmts.h>
 #include <qgsproviderregistry.h>
+#include <qgsvectordataprovider.h>
 
 #include <QHash>
 
+#include "hosts/common/dissolvecolumns.h"
 #include "hosts/qgis/qgishost.h"
 
 namespace brelmon::qgis {
@@ -32,20 +35,26 @@ void AddNarrowTypes(OGRLayerH layer, OgrFacts& facts) {
   }
 }
 
-OgrFacts Ask(const QString& source) {
-  OgrFacts facts;
+/// Hands `read` a handle on the source that nobody else has, if there is such a source.
+template <class Read>
+void WithOgrLayer(const QString& source, const char* const* options, const Read& read) {
   const QVariantMap parts =
       QgsProviderRegistry::instance()->decodeUri(QStringLiteral("ogr"), source);
   const QByteArray path = parts.value(QStringLiteral("path")).toString().toUtf8();
   GDALDatasetH dataset =
-      GDALOpenEx(path.constData(), GDAL_OF_VECTOR | GDAL_OF_READONLY, nullptr, nullptr, nullptr);
-  if (!dataset) return facts;
-  if (OGRLayerH layer = LayerIn(dataset, parts)) {
+      GDALOpenEx(path.constData(), GDAL_OF_VECTOR | GDAL_OF_READONLY, nullptr, options, nullptr);
+  if (!dataset) return;
+  if (OGRLayerH layer = LayerIn(dataset, parts)) read(layer);
+  GDALClose(dataset);
+}
+
+OgrFacts Ask(const QString& source) {
+  OgrFacts facts;
+  WithOgrLayer(source, nullptr, [&](OGRLayerH layer) {
     facts.idField = FromC(OGR_L_GetFIDColumn(layer));
     facts.shapeField = FromC(OGR_L_GetGeometryColumn(layer));
     AddNarrowTypes(layer, facts);
-  }
-  GDALClose(dataset);
+  });
   return facts;
 }
 
@@ -58,6 +67,22 @@ OgrFacts OgrFactsOf(const QgsVectorLayer& layer) {
   const auto hit = known.constFind(source);
   if (hit != known.constEnd()) return *hit;
   return *known.insert(source, Ask(source));
+}
+
+std::string ReadOgrColumns(const QgsVectorLayer& layer, std::vector<host::DissolveField>& fields) {
+  std::string encoding = CPL_ENC_UTF8;
+  if (layer.providerType() != QLatin1String("ogr")) return encoding;
+  // The user may have told QGIS what the file itself doesn't.
+  CPLStringList options;
+  const QByteArray told = layer.dataProvider()->encoding().toUtf8();
+  if (layer.storageType() == QLatin1String("ESRI Shapefile") && !told.isEmpty() &&
+      told.compare("System", Qt::CaseInsensitive) != 0) {
+    options.SetNameValue("ENCODING", told.constData());
+  }
+  WithOgrLayer(layer.source(), options.List(), [&](OGRLayerH source) {
+    encoding = host::ReadColumns(*OGRLayer::FromHandle(source), fields);
+  });
+  return encoding;
 }
 
 }  // namespace brelmon::qgis

@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// What OGR knows of a source and QGIS doesn't tell: the names of its identifier and shape columns
-// and the narrow kinds of number.
+// What OGR knows of a source and QGIS doesn't tell: the names of its identifier and shape columns,
+// the narrow kinds of number, widths in bytes.
 #pragma once
 
 #include <qgsvectorlayer.h>
 
 #include <map>
+#include <string>
+#include <vector>
 
+#include "hosts/common/dissolve.h"
 #include "platform/table.h"
 
 namespace brelmon::qgis {
@@ -19,5 +22,9 @@ struct OgrFacts {
 
 /// Looked up once a source; nothing known for sources of another kind.
 OgrFacts OgrFactsOf(const QgsVectorLayer& layer);
+
+/// Gives the fields the widths and decimals of their columns, where the layer's source has them.
+/// Returns the encoding of its texts; "UTF-8" for sources of another kind.
+std::string ReadOgrColumns(const QgsVectorLayer& layer, std::vector<host::DissolveField>& fields);
 
 }  // namespace brelmon::qgis

@@ -13,6 +13,7 @@
 #include <qgsproject.h>
 
 #include <QPointer>
+#include <algorithm>
 
 #include "hosts/common/objectlists.h"
 #include "hosts/qgis/data/geometry.h"
@@ -101,10 +102,19 @@ class Watch : public GraphicsWatch {
     followed_ = modify;
     QObject::connect(modify, &QgsMapToolModifyAnnotation::itemSelected, context_.get(),
                      [this](QgsAnnotationLayer* layer, const QString& item) {
-                       Tell({{layer ? layer->id() : QString(), item}});
+                       Add({layer ? layer->id() : QString(), item});
                      });
     QObject::connect(modify, &QgsMapToolModifyAnnotation::selectionCleared, context_.get(),
                      [this] { Tell({}); });
+  }
+  // The tool shows one at a time: those picked one after the other add up until it lets go.
+  void Add(GraphicId id) {
+    auto graphics = Selected();
+    const auto same = [&id](const GraphicId& each) {
+      return each.layer == id.layer && each.item == id.item;
+    };
+    if (std::none_of(graphics.begin(), graphics.end(), same)) graphics.push_back(std::move(id));
+    Tell(std::move(graphics));
   }
   void Tell(std::vector<GraphicId> graphics) {
     SelectGraphics(std::move(graphics));

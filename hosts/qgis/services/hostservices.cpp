@@ -15,6 +15,7 @@
 #include "hosts/common/shell.h"
 #include "hosts/common/systemlocale.h"
 #include "hosts/common/uniquevalues.h"
+#include "hosts/qgis/data/dissolverows.h"
 #include "hosts/qgis/data/layerobject.h"
 #include "hosts/qgis/services/desktop.h"
 #include "hosts/qgis/services/errordialog.h"
@@ -51,7 +52,7 @@ class HostObjectsOfQgis : public IHostObjects {
     return host::NewWorkspaceFactory(u"Shapefile");
   }
   Ref<IBasicGeoprocessor> NewBasicGeoprocessor() override {
-    return host::NewBasicGeoprocessor(host::NewTableRows, OpenTableFile);
+    return host::NewBasicGeoprocessor(NewDissolveRows, OpenTableFile);
   }
   Ref<IEnvelope> NewEnvelope() override { return host::NewEnvelope(); }
   Ref<IGxDialog> NewGxDialog() override { return qgis::NewGxDialog(); }
