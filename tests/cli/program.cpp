@@ -8,16 +8,12 @@
 #include <unistd.h>
 
 #include <cstdlib>
-#include <fstream>
-#include <iterator>
 #include <stdexcept>
 
 extern char** environ;
 
 namespace brelmon::cli::test {
 namespace {
-
-namespace fs = std::filesystem;
 
 /// The test's environment without what would change the program's words.
 std::vector<std::string> Environment() {
@@ -39,12 +35,12 @@ std::vector<char*> Pointers(std::vector<std::string>& texts) {
 }  // namespace
 
 Said Brelmon(const std::vector<std::string>& arguments, const std::string& input) {
-  const Folder streams;
+  const TempFolder streams;
   streams.Write("in", input);
   posix_spawn_file_actions_t actions;
   posix_spawn_file_actions_init(&actions);
   const auto redirect = [&](int descriptor, const char* name, int flags) {
-    posix_spawn_file_actions_addopen(&actions, descriptor, streams.At(name).c_str(), flags, 0600);
+    posix_spawn_file_actions_addopen(&actions, descriptor, streams.Path(name).c_str(), flags, 0600);
   };
   redirect(STDIN_FILENO, "in", O_RDONLY);
   redirect(STDOUT_FILENO, "out", O_WRONLY | O_CREAT);
@@ -59,33 +55,15 @@ Said Brelmon(const std::vector<std::string>& arguments, const std::string& input
   if (failed != 0) throw std::runtime_error("can't run " BRELMON_PROGRAM);
   int state = 0;
   ::waitpid(child, &state, 0);
-  return {WIFEXITED(state) ? WEXITSTATUS(state) : 128, ReadFile(streams.At("out")),
-          ReadFile(streams.At("err"))};
+  return {WIFEXITED(state) ? WEXITSTATUS(state) : 128, BytesOf(streams.Path("out")),
+          BytesOf(streams.Path("err"))};
 }
 
 std::string Earth() { return BRELMON_SOURCE_DIR "/samples/earth"; }
 
-std::string ReadFile(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
+EarthCopy::EarthCopy() {
+  std::filesystem::copy(Earth(), Path(), std::filesystem::copy_options::recursive);
 }
-
-Folder::Folder() {
-  std::string name = (fs::temp_directory_path() / "brelmon-cli-XXXXXX").string();
-  if (::mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
-  path_ = name;
-}
-
-Folder::~Folder() {
-  std::error_code ignored;
-  fs::remove_all(path_, ignored);
-}
-
-void Folder::Write(const std::string& name, const std::string& bytes) const {
-  std::ofstream(path_ / name, std::ios::binary) << bytes;
-}
-
-EarthCopy::EarthCopy() { fs::copy(Earth(), Path(), fs::copy_options::recursive); }
 
 bool Contains(const std::string& text, const std::string& part) {
   return text.find(part) != std::string::npos;

@@ -19,17 +19,13 @@ class EnabledRules : public ::testing::Test {
  protected:
   /// The rules that hold now, one letter each, in the order of the enumeration.
   std::string Holding() {
-    const std::map<EnabledRule, char> letters = {{EnabledRule::Always, 'w'},
-                                                 {EnabledRule::ContentsAny, 'a'},
-                                                 {EnabledRule::ContentsValid, 'v'},
-                                                 {EnabledRule::ContentsOne, 'o'},
-                                                 {EnabledRule::ContentsDeletable, 'd'},
-                                                 {EnabledRule::Graphics, 'g'},
-                                                 {EnabledRule::MapHasData, 'm'},
-                                                 {EnabledRule::AnySelection, 's'}};
+    using enum EnabledRule;
     std::string holding;
-    for (const auto& [rule, letter] : letters) {
-      if (IsEnabled(rule, world.document)) holding += letter;
+    std::size_t letter = 0;
+    for (const EnabledRule rule : {Always, ContentsAny, ContentsValid, ContentsOne,
+                                   ContentsDeletable, Graphics, MapHasData, AnySelection}) {
+      if (IsEnabled(rule, world.document)) holding += "wavodgms"[letter];
+      ++letter;
     }
     return holding;
   }
@@ -58,7 +54,6 @@ TEST_F(EnabledRules, FollowTheContentsSelection) {
       {"an invalid table", {brokenTable}, "wadm"},
       {"a group layer", {group}, "wm"},
       {"a data frame", {world.map}, "wdm"},
-      {"two invalid layers", {broken, broken}, "wadm"},
       {"a set with a valid layer", {group, broken, valid}, "wavdgm"},
       {"a set of tables alone", {table, table}, "wadm"},
   };
@@ -94,16 +89,11 @@ TEST_F(EnabledRules, MapHasDataLooksIntoGroupsAndThenAtTables) {
 struct LostLayer : public test::FakeLayer {
   bool Valid() override { Raise(failure::kRefused); }
 };
-struct UnlistedMap : public test::FakeMap {
-  Ref<IEnumLayer> Layers(const Ref<UID>&, bool) override { return {}; }
-};
-
 TEST_F(EnabledRules, MapHasDataIgnoresFailuresOfLayersAlone) {
   world.map->layers.push_back(New<LostLayer>());
   EXPECT_EQ(Holding(), "w");
   world.map->AddTable(u"table");
   EXPECT_EQ(Holding(), "wm");
-  WalkFeatureLayers(New<UnlistedMap>(), [](const Ref<ILayer>&) { return true; });
   world.document->maps.clear();
   EXPECT_ANY_THROW(IsEnabled(EnabledRule::MapHasData, world.document));
 }
@@ -125,8 +115,7 @@ TEST_F(EnabledRules, AnySelectionLooksIntoEveryFrame) {
 
 class Probe : public BrelmonCommand {
  public:
-  explicit Probe(TextView className, Guarded guarded = Guarded::Yes)
-      : BrelmonCommand(className, guarded) {}
+  explicit Probe(TextView className) : BrelmonCommand(className, Guarded::Yes) {}
   void OnClick() override {}
 };
 
@@ -137,42 +126,6 @@ TEST_F(EnabledRules, AFailureDisablesAndIsShownAtEachAsking) {
   EXPECT_EQ(world.trails.size(), 2u);
   EXPECT_NE(Trails(world).find("\tICommand_Enabled tests/frame/documentmodel_test.cpp"),
             std::string::npos);
-}
-
-TEST(Commands, TheTableIsWhole) {
-  FakeWorld world;
-  std::int32_t id = 101;
-  for (const CommandInfo& info : CommandTable()) {
-    EXPECT_EQ(info.BitmapId, id++);
-    Probe command(info.ClassName);
-    EXPECT_EQ(command.Bitmap(), info.BitmapId) << ToUtf8(info.ClassName);
-    EXPECT_FALSE(command.Checked());
-    EXPECT_EQ(command.HelpFile(), u"");
-    EXPECT_EQ(command.HelpContextID(), 0);
-    const bool editor = TextView(info.ClassName).starts_with(u"cmdQL");
-    EXPECT_EQ(command.Category(), editor ? u"Brelmon QL Commands" : u"Brelmon Commands");
-  }
-  EXPECT_EQ(Probe(u"cmdStats").Tooltip(), u"Brelmon Statistics");
-  EXPECT_EQ(Probe(u"cmdStats").Caption(), u"Calculate Statistics");
-  EXPECT_EQ(Probe(u"cmdSelectAll").Tooltip(), Probe(u"cmdSelectAll").Caption());
-  EXPECT_TRUE(world.trails.empty());
-}
-
-TEST(Commands, OnCreateKeepsApplicationAndDocument) {
-  FakeWorld world;
-  world.map->AddFeatureLayer(u"layer");
-  Probe command(u"cmdSelectNone");
-  command.OnCreate(world.application);
-  EXPECT_TRUE(command.Enabled());
-  command.OnCreate(world.document);  // no application
-  EXPECT_NE(Trails(world).find("\t13\r\n"), std::string::npos);
-}
-
-TEST(Commands, AnUnguardedCommandLetsItsFailureOut) {
-  FakeWorld world;
-  Probe command(u"cmdSelByGraphic", Probe::Guarded::No);
-  EXPECT_THROW(command.Enabled(), Failure);
-  EXPECT_TRUE(world.trails.empty());
 }
 
 }  // namespace

@@ -54,20 +54,5 @@ TEST(Resources, FormPictures) {
   ExpectBitmap("summary-help.bmp", 420, 300);
 }
 
-TEST(Resources, HandCursorPointsWithItsFingertip) {
-  const std::string_view bytes = ResourceBytes("hand.cur");
-  ASSERT_EQ(bytes.size(), 22u + 40 + 16 * 4 + 32 * 16 + 32 * 4);
-  EXPECT_EQ(Number(bytes, 2, 2), 2u);       // a cursor
-  EXPECT_EQ(Number(bytes, 6, 2), 0x2020u);  // 32 by 32
-  EXPECT_EQ(Number(bytes, 8, 1), 16u);      // colours
-  EXPECT_EQ(Number(bytes, 10, 2), 12u);     // hot spot
-  EXPECT_EQ(Number(bytes, 12, 2), 2u);
-}
-
-TEST(Resources, UnknownNameIsEmpty) {
-  EXPECT_TRUE(ResourceBytes("121.bmp").empty());
-  EXPECT_TRUE(ResourceBytes("").empty());
-}
-
 }  // namespace
 }  // namespace brelmon

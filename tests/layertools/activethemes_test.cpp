@@ -32,12 +32,6 @@ class ActiveThemes : public testing::Test {
     command.OnClick();
     EXPECT_EQ(Trails(world), "");
   }
-  void ExpectBox(const char* text) {
-    ASSERT_EQ(world.boxes.size(), 1u);
-    EXPECT_EQ(ToUtf8(world.boxes[0].text), text);
-    EXPECT_EQ(world.boxes[0].style, 64);
-    EXPECT_EQ(world.boxes[0].title, u"Problem with Data:");
-  }
   std::vector<Ref<test::FakeTableWindow>> OpenWindows() {
     auto open = world.tableWindows;
     std::erase_if(open, [](const auto& window) { return !window->open; });
@@ -71,9 +65,9 @@ TEST_F(ActiveThemes, SwitchTurnsEachMemberOfASet) {
 TEST_F(ActiveThemes, AnInvalidMemberEndsTheCommandWithoutTheClosingRedraw) {
   second->valid = false;
   Click<cmdSelectAll>({first, second, table});
-  ExpectBox(
-      "There is something wrong with Second!  It is not a valid layer.  Unable to set "
-      "selection...");
+  EXPECT_EQ(Boxes(world),
+            "[Problem with Data:] There is something wrong with Second!  It is not a valid layer.  "
+            "Unable to set selection...\n");
   EXPECT_EQ(first->selected.size(), 3u);
   EXPECT_TRUE(table->selected.empty());
   EXPECT_EQ(world.log, (test::Log{"PartialRefresh 4", "SelectFeatures First 0",
@@ -82,19 +76,17 @@ TEST_F(ActiveThemes, AnInvalidMemberEndsTheCommandWithoutTheClosingRedraw) {
 
 TEST_F(ActiveThemes, EachCommandSaysWhatItCouldNotDo) {
   first->valid = table->valid = false;
-  const std::string tails[] = {
-      "layer.  Unable to switch selection...", "table.  Unable to switch selection...",
-      "table.  Unable to set selection...", "layer.  Unable to open table...",
-      "table.  Unable to open table..."};
   Click<cmdSelectSwitch>({first});
   Click<cmdSelectSwitch>({table});
   Click<cmdSelectAll>({table});
   Click<OpenTable>({first});
   Click<OpenTable>({table});
-  ASSERT_EQ(world.boxes.size(), std::size(tails));
-  for (std::size_t i = 0; i < std::size(tails); ++i) {
-    EXPECT_TRUE(ToUtf8(world.boxes[i].text).ends_with("!  It is not a valid " + tails[i]));
-  }
+  std::string all;
+  for (const auto& box : world.boxes) all += ToUtf8(box.text.substr(box.text.find(u"valid")));
+  EXPECT_EQ(all,
+            "valid layer.  Unable to switch selection...valid table.  Unable to switch selection..."
+            "valid table.  Unable to set selection...valid layer.  Unable to open table..."
+            "valid table.  Unable to open table...");
 }
 
 TEST_F(ActiveThemes, NothingHappensBehindAClosedGate) {
@@ -111,11 +103,7 @@ TEST_F(ActiveThemes, ClearReachesTheWholeMapInSilence) {
   auto deep = New<test::FakeLayer>();
   raster->members = {deep};
   second->valid = false;
-  for (test::FakeRows* rows :
-       {static_cast<test::FakeRows*>(first.Get()), static_cast<test::FakeRows*>(second.Get()),
-        static_cast<test::FakeRows*>(deep.Get()), static_cast<test::FakeRows*>(table.Get())}) {
-    rows->selected = {0};
-  }
+  first->selected = second->selected = deep->selected = table->selected = {0};
   world.document->tab = 2;
   Click<cmdSelectNone>({});
   EXPECT_TRUE(first->selected.empty() && deep->selected.empty() && table->selected.empty());
@@ -133,15 +121,6 @@ TEST_F(ActiveThemes, ClearDoesTablesWhereTheMapHasNoLayers) {
   EXPECT_TRUE(world.boxes.empty());
 }
 
-TEST_F(ActiveThemes, AFailedClickTellsInABareBox) {
-  cmdSelectNone command;  // never given a document
-  command.OnClick();
-  ASSERT_EQ(world.boxes.size(), 1u);
-  EXPECT_TRUE(
-      ToUtf8(world.boxes[0].text).starts_with("Class_Terminate src/layertools/cmdSelectNone.cpp "));
-  EXPECT_EQ(world.boxes[0].style, 0);
-}
-
 TEST_F(ActiveThemes, TablesOpenOnceEach) {
   Click<OpenTable>({first, raster, table});
   ASSERT_EQ(OpenWindows().size(), 2u);
@@ -155,13 +134,6 @@ TEST_F(ActiveThemes, TablesOpenOnceEach) {
   EXPECT_EQ(OpenWindows().size(), 2u);
   OpenNewTableWindow(table, world.application);
   EXPECT_EQ(OpenWindows().size(), 3u);
-}
-
-TEST_F(ActiveThemes, AnInvalidMemberKeepsLaterTablesShut) {
-  second->valid = false;
-  Click<OpenTable>({first, second, table});
-  EXPECT_EQ(world.boxes.size(), 1u);
-  EXPECT_EQ(OpenWindows().size(), 1u);
 }
 
 }  // namespace

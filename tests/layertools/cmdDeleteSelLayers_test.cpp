@@ -20,14 +20,6 @@ class DeleteLayers : public ::testing::Test {
     command.OnClick();
     ASSERT_TRUE(world.trails.empty()) << Trails(world);
   }
-  Ref<FakeTableWindow> OpenWindow(const Ref<IObject>& item) {
-    auto window = New<FakeTableWindow>(world.tableWindows);
-    window->item = item;
-    window->open = true;
-    world.tableWindows.push_back(window);
-    return window;
-  }
-
   FakeWorld world;
   cmdDeleteSelLayers command;
 };
@@ -62,21 +54,18 @@ TEST_F(DeleteLayers, TheOnlyDataFrameGivesWayToAnEmptyOne) {
   EXPECT_EQ(world.document->FocusMap()->LayerCount(), 0);
 }
 
-TEST_F(DeleteLayers, AFrameWithoutFocusLeavesTheFocusWhereItIs) {
-  const auto other = world.document->AddMap(u"Other");
-  Click({other});
-  EXPECT_TRUE(Same(world.document->FocusMap(), world.map));
-  EXPECT_EQ(std::count(world.log.begin(), world.log.end(), "SetActiveView Layers"), 0);
-}
-
 TEST_F(DeleteLayers, CancelKeepsTheItemsButNotTheirWindows) {
   const auto layer = world.map->AddFeatureLayer(u"layer");
-  const auto window = OpenWindow(layer);
-  const auto untouched = OpenWindow(world.map->AddTable(u"table"));
+  const Ref<IObject> items[] = {layer, world.map->AddTable(u"table")};
+  for (const auto& item : items) {
+    world.tableWindows.push_back(New<FakeTableWindow>(world.tableWindows));
+    world.tableWindows.back()->item = item;
+    world.tableWindows.back()->open = true;
+  }
   Click({layer}, box::kAnswerCancel);
   EXPECT_EQ(world.map->LayerCount(), 1);
-  EXPECT_FALSE(window->open);
-  EXPECT_TRUE(untouched->open);
+  EXPECT_FALSE(world.tableWindows[0]->open);
+  EXPECT_TRUE(world.tableWindows[1]->open);
 }
 
 TEST_F(DeleteLayers, TheSelectionTabAndOtherKindsCloseTheGate) {

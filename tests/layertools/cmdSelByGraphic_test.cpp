@@ -46,16 +46,6 @@ TEST_F(SelectByGraphics, GraphicsAddUpInEachLayerOfASet) {
   EXPECT_EQ(world.log, expected);
 }
 
-TEST_F(SelectByGraphics, TouchingNothingLeavesAnEmptySelection) {
-  const auto layer = world.map->AddFeatureLayer(u"layer");
-  layer->selected = {1};
-  AddGraphic({});
-  world.document->Pick({layer});
-  EXPECT_TRUE(command.Enabled());
-  command.OnClick();
-  EXPECT_TRUE(layer->selected.empty());
-}
-
 TEST_F(SelectByGraphics, FailuresGoToTheHostWithoutABox) {
   const auto layer = world.map->AddFeatureLayer(u"layer");
   layer->shapeField = u"geom";
@@ -68,11 +58,6 @@ TEST_F(SelectByGraphics, FailuresGoToTheHostWithoutABox) {
   EXPECT_THROW(command.OnClick(), Failure);
   EXPECT_TRUE(world.boxes.empty());
   EXPECT_TRUE(world.trails.empty());
-}
-
-TEST_F(SelectByGraphics, NoGraphicsDisable) {
-  world.document->Pick({world.map->AddFeatureLayer(u"layer")});
-  EXPECT_FALSE(command.Enabled());
 }
 
 }  // namespace

@@ -80,15 +80,11 @@ TEST(Summarize, RefusesWhatIsInvalidAndIgnoresTheRest) {
     world.document->Pick(item ? std::vector{item} : std::vector<Ref<IObject>>{});
     command.OnClick();
   }
-  ASSERT_EQ(world.boxes.size(), 2u);
-  EXPECT_EQ(world.boxes[0].text,
-            u"There is something wrong with broken layer!  It is not a valid layer.  Unable to "
-            u"summarize this layer...");
-  EXPECT_EQ(world.boxes[1].text,
-            u"There is something wrong with broken table!  It is not a valid table.  Unable to "
-            u"summarize this layer...");
-  EXPECT_EQ(world.boxes[0].title, u"Problem with Data:");
-  EXPECT_EQ(world.boxes[0].style, 64);
+  EXPECT_EQ(Boxes(world),
+            "[Problem with Data:] There is something wrong with broken layer!  It is not a valid "
+            "layer.  Unable to summarize this layer...\n"
+            "[Problem with Data:] There is something wrong with broken table!  It is not a valid "
+            "table.  Unable to summarize this layer...\n");
   EXPECT_TRUE(world.trails.empty());
 }
 

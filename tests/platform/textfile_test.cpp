@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "frame/guard.h"
 #include "platform/failure.h"
 #include "tests/support/fake_world.h"
 
@@ -20,16 +21,6 @@ std::string LinesOf(const std::string& bytes) {
   while (!textfile::AtEnd(1)) lines += "<" + ToUtf8(textfile::LineInput(1)) + ">";
   textfile::Close(1);
   return lines;
-}
-
-template <class Body>
-std::int32_t NumberOf(Body body) {
-  try {
-    body();
-  } catch (const Failure& failed) {
-    return failed.Number;
-  }
-  return 0;
 }
 
 TEST(TextFiles, EndLinesAtCrLfAndLoneCr) {
@@ -63,7 +54,7 @@ TEST(TextFiles, AppendAndPrintInTheCodePage) {
   textfile::Open(1, kPath, FileMode::Append);
   textfile::PrintLine(1, u" off");
   textfile::PrintLine(1, u"\u20AC\u0416");
-  EXPECT_EQ(NumberOf([] { textfile::LineInput(1); }), failure::kBadFileMode);
+  EXPECT_EQ(Guard::Ignore([] { textfile::LineInput(1); }), failure::kBadFileMode);
   textfile::Close(1);
   EXPECT_EQ(world.files[kPath], "cut off\r\n\x80?\r\n");
   textfile::Open(1, kPath, FileMode::Output);
@@ -74,17 +65,19 @@ TEST(TextFiles, AppendAndPrintInTheCodePage) {
 TEST(TextFiles, FailWithThePlatformsNumbers) {
   test::FakeWorld world;
   world.files[kPath] = "a";
-  EXPECT_EQ(NumberOf([] { textfile::AtEnd(1); }), failure::kBadFileNumber);
-  EXPECT_EQ(NumberOf([] { textfile::Open(0, kPath, FileMode::Input); }), failure::kBadFileNumber);
-  EXPECT_EQ(NumberOf([] { textfile::Open(512, kPath, FileMode::Input); }), failure::kBadFileNumber);
-  EXPECT_EQ(NumberOf([] { textfile::Open(1, u"C:\\none", FileMode::Input); }),
+  EXPECT_EQ(Guard::Ignore([] { textfile::AtEnd(1); }), failure::kBadFileNumber);
+  EXPECT_EQ(Guard::Ignore([] { textfile::Open(0, kPath, FileMode::Input); }),
+            failure::kBadFileNumber);
+  EXPECT_EQ(Guard::Ignore([] { textfile::Open(512, kPath, FileMode::Input); }),
+            failure::kBadFileNumber);
+  EXPECT_EQ(Guard::Ignore([] { textfile::Open(1, u"C:\\none", FileMode::Input); }),
             failure::kFileNotFound);
   textfile::Open(1, kPath, FileMode::Input);  // the failed opening took no number
-  EXPECT_EQ(NumberOf([] { textfile::Open(1, u"C:\\none", FileMode::Input); }),
+  EXPECT_EQ(Guard::Ignore([] { textfile::Open(1, u"C:\\none", FileMode::Input); }),
             failure::kFileAlreadyOpen);
-  EXPECT_EQ(NumberOf([] { textfile::PrintLine(1, u""); }), failure::kBadFileMode);
+  EXPECT_EQ(Guard::Ignore([] { textfile::PrintLine(1, u""); }), failure::kBadFileMode);
   EXPECT_EQ(textfile::LineInput(1), u"a");
-  EXPECT_EQ(NumberOf([] { textfile::LineInput(1); }), failure::kInputPastEnd);
+  EXPECT_EQ(Guard::Ignore([] { textfile::LineInput(1); }), failure::kInputPastEnd);
   textfile::Close(1);
   textfile::Close(1);
 }
@@ -94,13 +87,7 @@ TEST(Services, ForgetOpenFilesWhenTheyChange) {
   world.files[kPath] = "a";
   textfile::Open(1, kPath, FileMode::Input);
   SetServices(CurrentServices());
-  EXPECT_EQ(NumberOf([] { textfile::AtEnd(1); }), failure::kBadFileNumber);
-}
-
-TEST(Services, FailWhereAHostGaveNone) {
-  const ServicesScope scope{Services()};
-  EXPECT_EQ(NumberOf([] { FileSystem(); }), failure::kObjectNotSet);
-  EXPECT_EQ(NumberOf([] { MsgBox(u"x"); }), failure::kObjectNotSet);
+  EXPECT_EQ(Guard::Ignore([] { textfile::AtEnd(1); }), failure::kBadFileNumber);
 }
 
 }  // namespace

@@ -35,7 +35,6 @@ TEST(QuickLoadFileTest, Grammar) {
     std::string bytes, records;
   } rows[] = {
       {"empty", "", ""},
-      {"notes only", "a note\r\n\r\nanother\r\n", ""},
       {"three kinds in file order",
        "<Query>\r\nBig\r\nPOP > 1\r\n<Bookmark>\r\nGulf\r\n-98.25\r\n17.5\r\n-80\r\n31\r\n"
        "<Layer>\r\nRain\r\nlayers\\rain.qlr\r\n",
@@ -44,7 +43,6 @@ TEST(QuickLoadFileTest, Grammar) {
        "<Layer>|A|b\n<Layer>|C|d\n"},
       {"tag in the wrong case", "<layer>\r\nA\r\nb\r\n<Layer>\r\nC\r\nd\r\n", "<Layer>|C|d\n"},
       {"tag with a blank behind", "<Layer> \r\nA\r\nb\r\n", ""},
-      {"tag with a blank before", " <Layer>\r\nA\r\nb\r\n", ""},
       {"tag after a byte-order mark", "\xEF\xBB\xBF<Layer>\r\nA\r\nb\r\n", ""},
       {"names that look like tags", "<Query>\r\n<Query>\r\n<Layer>\r\n",
        "<Query>|<Query>|<Layer>\n"},
@@ -53,7 +51,6 @@ TEST(QuickLoadFileTest, Grammar) {
       {"lone carriage returns", "<Layer>\rA\rb\r<Query>\rC\rd", "<Layer>|A|b\n<Query>|C|d\n"},
       {"line feeds only", "<Layer>\nA\nb\n", ""},
       {"a line feed inside a field", "<Query>\r\nA\r\nb\nc\r\n", "<Query>|A|b\nc\n"},
-      {"no line end at the end", "<Layer>\r\nA\r\nb", "<Layer>|A|b\n"},
       {"single bytes of the code page", "<Query>\r\nGr\xFC\xDF \x80\x81\r\n\x93q\x94\r\n",
        "<Query>|Gr\u00FC\u00DF \u20AC\u0081|\u201Cq\u201D\n"},
       {"tag at the very end", "<Layer>\r\n", "!62"},
@@ -61,30 +58,6 @@ TEST(QuickLoadFileTest, Grammar) {
       {"bookmark cut short by nothing but one line", "<Bookmark>\r\nA\r\n1\r\n2\r\n3\r\n", "!62"},
   };
   for (const auto& row : rows) EXPECT_EQ(Read(world, row.bytes), row.records) << row.what;
-}
-
-TEST(QuickLoadFileTest, ReaderTellsLinesOfTagsAndOfWhatItSkips) {
-  FakeWorld world;
-  world.files[kQuickLoadPath] = "note\r\n<Layer>\r\nA\r\nb\r\n<query>\r\n<Query>\r\nC\r\nd\r\n";
-  textfile::Open(1, kQuickLoadPath, FileMode::Input);
-  std::string skipped;
-  QuickLoadReader reader(1, [&](const Text& line, std::int32_t number) {
-    skipped += std::to_string(number) + ToUtf8(line) + " ";
-  });
-  EXPECT_EQ(reader.Next()->Line, 2);
-  EXPECT_EQ(reader.Next()->Line, 6);
-  EXPECT_FALSE(reader.Next());
-  EXPECT_EQ(reader.Line(), 8);
-  EXPECT_EQ(skipped, "1note 5<query> ");
-}
-
-TEST(QuickLoadFileTest, FailedReadKeepsTheNumber) {
-  FakeWorld world;
-  world.files[kQuickLoadPath] = "<Layer>\r\nA";
-  EXPECT_EQ(Guard::Ignore([] { QuickLoadFile::Read(kQuickLoadPath); }), 62);
-  EXPECT_EQ(Guard::Ignore([] { QuickLoadFile::Read(kQuickLoadPath); }), 55);
-  EXPECT_EQ(Guard::Ignore([] { QuickLoadFile::Append(kQuickLoadPath, {}); }), 55);
-  EXPECT_EQ(*QuickLoadBytes(world), "<Layer>\r\nA");
 }
 
 TEST(QuickLoadFileTest, AppendDoesNotLookAtWhatIsThere) {

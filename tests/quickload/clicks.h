@@ -46,12 +46,10 @@ class Reports {
     world.users[u"frmReport_modal"] = [this](Form& form) {
       auto& report = static_cast<frmReport_modal&>(form);
       shown.push_back("[" + ToUtf8(report.Caption()) + "] " + ToUtf8(report.txtReport.Text()));
-      fontSize = report.txtReport.Font().Size;
       report.cmdOK.UserClick();
     };
   }
   std::vector<std::string> shown;
-  double fontSize = 0;
 };
 
 }  // namespace brelmon::test

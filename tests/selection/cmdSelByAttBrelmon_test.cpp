@@ -16,23 +16,12 @@ TEST_F(Command, OffersValidLayersAtAnyDepthThenTables) {
   nested->name = u"Nested";
   const auto broken = world.map->AddFeatureLayer(u"Broken");
   broken->valid = false;
-  const auto group = world.map->AddOther(u"Group", {nested});
-  world.map->AddFeatureLayer(u"Last");
-  for (const Ref<IObject>& picked : {Ref<IObject>(group), Ref<IObject>(broken), Ref<IObject>()}) {
-    world.document->selection.clear();
-    if (picked) world.document->Pick({picked});
-    Open([](Dialog& dialog) {
-      EXPECT_EQ(Rows(dialog.lbxThemes), "Towns; Nested; Last; Visits");
-      EXPECT_EQ(dialog.lbxThemes.ListIndex(), -1);
-      EXPECT_EQ(dialog.theCurrentSelected, -1);
-      EXPECT_EQ(dialog.theStringLayerNames.size(), 4u);
-    });
-  }
-  OpenOn(visits, [](Dialog& dialog) {
-    EXPECT_EQ(dialog.lbxThemes.ListIndex(), 3);
-    EXPECT_EQ(dialog.theCurrentSelected, 3);
-    EXPECT_EQ(Rows(dialog.lbxFields), "OID; WHO");
+  world.map->AddOther(u"Group", {nested});
+  OpenOn(broken, [](Dialog& dialog) {
+    EXPECT_EQ(Rows(dialog.lbxThemes), "Towns; Nested; Visits");
+    EXPECT_EQ(dialog.lbxThemes.ListIndex(), -1);
   });
+  OpenOn(visits, [](Dialog& dialog) { EXPECT_EQ(Rows(dialog.lbxFields), "OID; WHO"); });
 }
 
 TEST_F(Command, SecondOpeningWithNothingSelectedLeavesTheListsStanding) {
@@ -41,14 +30,11 @@ TEST_F(Command, SecondOpeningWithNothingSelectedLeavesTheListsStanding) {
   Open([&](Dialog& dialog) {
     EXPECT_EQ(ToUtf8(dialog.txtQuery.Text()), "( \"POP\" )");
     EXPECT_EQ(dialog.lbxFields.ListCount(), 3);
-    EXPECT_TRUE(dialog.cmdNewSet.Enabled());
     EXPECT_FALSE(dialog.cmdVerify.Enabled());
-    EXPECT_FALSE(dialog.cmdOpenTable.Enabled());
     EXPECT_TRUE(world.trails.empty());
     dialog.cmdNewSet.UserClick();
   });
-  EXPECT_NE(Trails(world).find("ModQueryDoSelection"), std::string::npos);
-  EXPECT_NE(Trails(world).find("\t9\r\n"), std::string::npos);
+  EXPECT_EQ(FailureIn(world), 9);
 }
 
 TEST_F(Command, ClosingByTheTitleBarBeginsAfresh) {
@@ -67,23 +53,17 @@ TEST_F(Command, ClosingByTheTitleBarBeginsAfresh) {
 
 TEST_F(Command, HasRoomFor5001Items) {
   for (int i = 2; i < 5001; ++i) world.map->AddFeatureLayer(u"L");
-  bool shown = false;
-  Open([&](Dialog& dialog) {
-    shown = true;
-    EXPECT_EQ(dialog.lbxThemes.ListCount(), 5001);
-  });
-  EXPECT_TRUE(shown);
+  Open([&](Dialog& dialog) { EXPECT_EQ(dialog.lbxThemes.ListCount(), 5001); });
   EXPECT_EQ(Trails(world), "");
   world.map->AddFeatureLayer(u"One more");
   Open();
-  EXPECT_NE(Trails(world).find("\t9\r\n"), std::string::npos);
+  EXPECT_EQ(FailureIn(world), 9);
 }
 
 TEST_F(Command, NothingValidIsAFailure) {
   towns->valid = visits->valid = false;
   Open();
-  EXPECT_NE(Trails(world).find("ICommand_OnClick"), std::string::npos);
-  EXPECT_NE(Trails(world).find("\t9\r\n"), std::string::npos);
+  EXPECT_EQ(FailureIn(world), 9);
 }
 
 TEST_F(Command, TheWholeFormOnALayer) {

@@ -7,31 +7,6 @@ namespace {
 
 using Composition = QueryDialogTest;
 
-TEST_F(Composition, GrowsByClicksAlone) {
-  towns->dataSourceType = u"Personal Geodatabase Feature Class";
-  OpenOn(towns, [](brelmon_ModQueryDialog& dialog) {
-    const auto field = [&](std::int32_t row) { dialog.lbxFields.UserDoubleClick(row); };
-    const auto value = [&](std::int32_t row) {
-      dialog.cmdUpdate.UserClick();
-      dialog.lbxValues.UserDoubleClick(row);
-    };
-    EXPECT_EQ(WithCaret(dialog.txtQuery), "( | )");
-    field(1);
-    EXPECT_EQ(WithCaret(dialog.txtQuery), "( [POP]| )");
-    dialog.cmdGreater.UserClick();
-    EXPECT_EQ(WithCaret(dialog.txtQuery), "( [POP] > | )");
-    value(0);
-    EXPECT_EQ(WithCaret(dialog.txtQuery), "( [POP] > 5| )");
-    dialog.cmdAnd.UserClick();
-    EXPECT_EQ(WithCaret(dialog.txtQuery), "( [POP] > 5) AND ( | )");
-    field(2);
-    dialog.cmdEquals.UserClick();
-    value(0);
-    EXPECT_EQ(WithCaret(dialog.txtQuery), "( [POP] > 5) AND ( [NAME] = 'A'| )");
-    EXPECT_TRUE(dialog.txtQuery.HasFocus());
-  });
-}
-
 TEST_F(Composition, EachOperatorAtTheCaretAndOnASelection) {
   const struct {
     CommandButton brelmon_ModQueryDialog::*button;
@@ -61,14 +36,6 @@ TEST_F(Composition, EachOperatorAtTheCaretAndOnASelection) {
   });
 }
 
-TEST_F(Composition, ParenthesesWrapTheWholeTextAgainAndAgain) {
-  OpenOn(towns, [](brelmon_ModQueryDialog& dialog) {
-    dialog.cmdParentheses.UserClick();
-    dialog.cmdParentheses.UserClick();
-    EXPECT_EQ(WithCaret(dialog.txtQuery), "|(((  )))");
-  });
-}
-
 TEST_F(Composition, ClearingSetsTheCaretAndNotTheFocus) {
   OpenOn(towns, [](brelmon_ModQueryDialog& dialog) {
     dialog.txtQuery.UserEdit(u"POP > 5", 7, 0);
@@ -87,15 +54,6 @@ TEST_F(Composition, DoubleClickReplacesWhatIsSelected) {
     dialog.lbxFields.SetListIndex(-1);
     dialog.lbxFields.DblClick();
     EXPECT_EQ(WithCaret(dialog.txtQuery), "( | )");
-  });
-}
-
-TEST_F(Composition, OperatorsAreNamedForAScreenReader) {
-  Open([](brelmon_ModQueryDialog& dialog) {
-    EXPECT_EQ(ToUtf8(dialog.cmdEquals.AccessibleName()), "Equals");
-    EXPECT_EQ(ToUtf8(dialog.cmdParentheses.AccessibleName()), "Parentheses");
-    EXPECT_EQ(ToUtf8(dialog.cmdSwitchSel.AccessibleName()), "Switch Selection");
-    EXPECT_EQ(ToUtf8(dialog.txtQuery.AccessibleName()), "Query Statement");
   });
 }
 

@@ -13,7 +13,6 @@ TEST(SummaryStringTest, ByTickedStatistics) {
     std::string expected;
   } rows[] = {
       {{}, "Minimum.NET, Count.NET"},
-      {{{u"Sum", u"POP"}}, "Minimum.NET, Count.NET, Sum.POP"},
       {{{u"First", u"NAME"}, {u"Last", u"WHEN_"}},
        "Minimum.NET, Count.NET, Minimum.NAME, Maximum.WHEN_"},
       {{{u"Minimum", u"A"},

@@ -9,38 +9,24 @@
 namespace brelmon::test {
 namespace {
 
-class EnumLayer : public IEnumLayer {
+template <class Base, class Item>
+class ListOf : public Base {
  public:
-  explicit EnumLayer(std::vector<Ref<ILayer>> layers) : layers_(std::move(layers)) {}
+  explicit ListOf(std::vector<Ref<Item>> items) : items_(std::move(items)) {}
   void Reset() override { next_ = 0; }
-  Ref<ILayer> Next() override { return next_ < layers_.size() ? layers_[next_++] : nullptr; }
+  Ref<Item> Next() override { return next_ < items_.size() ? items_[next_++] : nullptr; }
+
+ protected:
+  std::vector<Ref<Item>> items_;
 
  private:
-  std::vector<Ref<ILayer>> layers_;
   std::size_t next_ = 0;
 };
 
-class EnumElement : public IEnumElement {
+class Set : public ListOf<ISet, IObject> {
  public:
-  explicit EnumElement(std::vector<Ref<IElement>> elements) : elements_(std::move(elements)) {}
-  void Reset() override { next_ = 0; }
-  Ref<IElement> Next() override { return next_ < elements_.size() ? elements_[next_++] : nullptr; }
-
- private:
-  std::vector<Ref<IElement>> elements_;
-  std::size_t next_ = 0;
-};
-
-class Set : public ISet {
- public:
-  explicit Set(std::vector<Ref<IObject>> items) : items_(std::move(items)) {}
+  using ListOf::ListOf;
   std::int32_t Count() override { return static_cast<std::int32_t>(items_.size()); }
-  void Reset() override { next_ = 0; }
-  Ref<IObject> Next() override { return next_ < items_.size() ? items_[next_++] : nullptr; }
-
- private:
-  std::vector<Ref<IObject>> items_;
-  std::size_t next_ = 0;
 };
 
 class ContentsViewOf : public IContentsView {
@@ -128,7 +114,7 @@ Ref<IEnumLayer> FakeMap::Layers(const Ref<UID>& uid, bool recursive) {
   std::vector<Ref<ILayer>> found;
   Gather(layers, uid && uid->Value == kFeatureLayerUID, recursive, found);
   if (found.empty()) Raise(failure::kInvalidCall, Text(u"The map has no such layers"), 0);
-  return New<EnumLayer>(std::move(found));
+  return New<ListOf<IEnumLayer, ILayer>>(std::move(found));
 }
 
 void FakeMap::AddLayer(const Ref<ILayer>& layer) {
@@ -176,7 +162,9 @@ void FakeMap::SetVisibleBounds(const Ref<IEnvelope>& bounds) {
 }
 
 std::int32_t FakeMap::ElementSelectionCount() { return static_cast<std::int32_t>(graphics.size()); }
-Ref<IEnumElement> FakeMap::SelectedElements() { return New<EnumElement>(graphics); }
+Ref<IEnumElement> FakeMap::SelectedElements() {
+  return New<ListOf<IEnumElement, IElement>>(graphics);
+}
 
 Ref<FakeMap> FakeDocument::AddMap(const Text& mapName) {
   auto map = New<FakeMap>();

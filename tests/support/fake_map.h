@@ -26,6 +26,11 @@ struct FakeFieldSpec {
 };
 using Row = std::vector<Value>;
 
+/// Cursors of the fake world know the fields of their table.
+struct FakeCursor : ICursor {
+  virtual std::int32_t FindField(const Text& name) = 0;
+};
+
 /// Fields, rows, selection and definition; what layers and tables have in common.
 /// Understands clauses of comparisons (= <> > >= < <=) joined by AND, OR, AND NOT, with
 /// parentheses; any other text is refused with E_FAIL.

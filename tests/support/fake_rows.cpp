@@ -119,10 +119,11 @@ class RowBuffer : public IRowBuffer {
   const Row* row_;
 };
 
-class Cursor : public ICursor {
+class Cursor : public FakeCursor {
  public:
   Cursor(Ref<FakeRows> table, std::vector<std::size_t> numbers)
       : table_(std::move(table)), numbers_(std::move(numbers)) {}
+  std::int32_t FindField(const Text& name) override { return table_->FindField(name); }
   Ref<IRowBuffer> NextRow() override {
     if (next_ == numbers_.size()) return {};
     return New<RowBuffer>(table_->rows[numbers_[next_++]]);

@@ -127,7 +127,6 @@ class UniqueValuesOf : public IDataStatistics,
                        public IEnumValue,
                        public std::enable_shared_from_this<UniqueValuesOf> {
  public:
-  explicit UniqueValuesOf(FakeWorld& world) : world_(world) {}
   void SetField(const Text& name) override { field_ = name; }
   void SetCursor(const Ref<ICursor>& cursor) override { cursor_ = cursor; }
   Ref<IEnumValue> UniqueValues() override {
@@ -141,30 +140,17 @@ class UniqueValuesOf : public IDataStatistics,
   Value Next() override { return next_ < values_.size() ? values_[next_++] : Value(); }
 
  private:
-  /// The field is looked up in the layers and tables of the focus map by its name.
   void Read() {
     if (read_) return;
     read_ = true;
     std::map<Text, bool> seen;
-    const std::int32_t index = Index();
+    const std::int32_t index = cursor_.As<FakeCursor>()->FindField(field_);
+    if (index < 0) Raise(failure::kInvalidCall);
     while (const auto row = cursor_->NextRow()) {
       const Value value = row->Value(index);
       if (!value.IsNull() && seen.emplace(value.ToText(), true).second) values_.push_back(value);
     }
   }
-  std::int32_t Index() {
-    std::vector<Ref<IObject>> all;
-    for (const auto& map : world_.document->maps) {
-      all.insert(all.end(), map->layers.begin(), map->layers.end());
-      all.insert(all.end(), map->tables.begin(), map->tables.end());
-    }
-    for (const auto& item : all) {
-      const auto rows = item.TryAs<FakeRows>();
-      if (rows && rows->FindField(field_) >= 0) return rows->FindField(field_);
-    }
-    Raise(failure::kInvalidCall);
-  }
-  FakeWorld& world_;
   Text field_;
   Ref<ICursor> cursor_;
   std::vector<Value> values_;
@@ -325,7 +311,7 @@ struct FakeWorld::Impl : IMessageBox,
     world.tableWindows.push_back(window);
     return window;
   }
-  Ref<IDataStatistics> NewDataStatistics() override { return New<UniqueValuesOf>(world); }
+  Ref<IDataStatistics> NewDataStatistics() override { return New<UniqueValuesOf>(); }
   Ref<IStandaloneTable> NewStandaloneTable() override { return New<FakeStandaloneTable>(); }
   Ref<IWorkspaceFactory> NewShapefileWorkspaceFactory() override {
     return New<ShapefileFolder>(world, Text());
@@ -447,6 +433,18 @@ std::string Trails(const FakeWorld& world) {
   std::string all;
   for (const Text& trail : world.trails) all += ToUtf8(trail);
   return all;
+}
+
+std::string Boxes(const FakeWorld& world) {
+  std::string all;
+  for (const auto& box : world.boxes) all += ToUtf8(u"[" + box.title + u"] " + box.text) + "\n";
+  return all;
+}
+
+int FailureIn(const FakeWorld& world) {
+  const std::string all = Trails(world), head = "Error Number \r\n\t";
+  const auto at = all.find(head);
+  return at == std::string::npos ? 0 : std::stoi(all.substr(at + head.size()));
 }
 
 }  // namespace brelmon::test

@@ -78,4 +78,10 @@ class FakeWorld {
 /// The only trail's text, or all of them joined; empty if none was shown.
 std::string Trails(const FakeWorld& world);
 
+/// "[title] text", a line for each message box.
+std::string Boxes(const FakeWorld& world);
+
+/// The first number among the trails, 0 if there is none.
+int FailureIn(const FakeWorld& world);
+
 }  // namespace brelmon::test

