@@ -237,7 +237,8 @@ Text Control::AccessibleName() {
   if (Text spoken = Spoken(at_.caption); !spoken.empty()) return spoken;
   if (Text spoken = Spoken(at_.tip); !spoken.empty()) return spoken;
   if (Text spoken = PictureWords(*this); !spoken.empty()) return spoken;
-  return name_;
+  const bool stops = at_.tabStop && kind_ != ControlKind::Frame;
+  return stops ? name_ : Text();  // nobody wants to hear of a bare border
 }
 
 }  // namespace brelmon

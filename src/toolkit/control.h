@@ -101,7 +101,8 @@ class Control {
 
   /// Tells which label names this control.
   void SetLabel(Control& label);
-  /// The label's caption, else its own, else its tip, without '&' and closing colon; its name last.
+  /// The label's caption, else its own, else its tip, without '&' and closing colon; its
+  /// name last, empty for borders and other controls where a user never stops.
   Text AccessibleName();
 
   /// One line of a dump: kind, name, place, captions, state; the kind's own part last.

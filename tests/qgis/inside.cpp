@@ -62,6 +62,13 @@ QAction* EnabledAction(const char* className) {
   return action;
 }
 
+QWidget* VisibleWindow(const QString& name) {
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (window->isVisible() && window->objectName() == name) return window;
+  }
+  return nullptr;
+}
+
 /// Runs `script` in the window that `start` opens; both have ended when this returns.
 void During(const std::function<void()>& start, const QString& window,
             const std::function<void(QWidget*)>& script) {
@@ -141,14 +148,8 @@ bool WaitFor(const std::function<bool()>& done) {
 }
 
 QWidget* Window(const QString& name) {
-  QWidget* found = nullptr;
-  WaitFor([&] {
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-      if (window->isVisible() && window->objectName() == name) found = window;
-    }
-    return found != nullptr;
-  });
-  return found;
+  WaitFor([&] { return VisibleWindow(name) != nullptr; });
+  return VisibleWindow(name);
 }
 
 QToolButton* ToolButton(const char* className) {
@@ -157,18 +158,27 @@ QToolButton* ToolButton(const char* className) {
   return qobject_cast<QToolButton*>(bar->widgetForAction(action));
 }
 
+// Looks again and again instead of waiting: whoever runs the event loop meanwhile is not held up.
 void Soon(const QString& window, const std::function<void(QWidget*)>& script) {
-  QTimer::singleShot(0, [window, script] {
-    QWidget* there = Window(window);
-    ASSERT_TRUE(there) << "no window " << window.toStdString();
+  auto* timer = new QTimer(qApp);
+  QElapsedTimer clock;
+  clock.start();
+  QObject::connect(timer, &QTimer::timeout, timer, [timer, clock, window, script] {
+    QWidget* there = VisibleWindow(window);
+    const bool late = clock.elapsed() > 10000;
+    if (!there && !late) return;
+    timer->stop();
+    timer->deleteLater();
     QTest::qWait(50);
     try {
+      if (!there) throw std::runtime_error("no window " + window.toStdString());
       script(there);
     } catch (const std::exception& reason) {
       ADD_FAILURE() << reason.what();
-      there->close();
+      if (QWidget* modal = QApplication::activeModalWidget()) modal->close();
     }
   });
+  timer->start(10);
 }
 
 void ClickAndDo(QWidget* button, const QString& window,
