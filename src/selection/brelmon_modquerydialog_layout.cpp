@@ -2,6 +2,7 @@
 // The query dialog's captions and places, in twips, from top to bottom.
 #include "forms/pictures.h"
 #include "selection/brelmon_modquerydialog.h"
+#include "selection/layout.h"
 
 namespace brelmon {
 namespace {
@@ -10,12 +11,6 @@ constexpr Twips kMargin = 120, kWidth = 8640, kHeight = 8265;
 constexpr Twips kInner = kWidth - 2 * kMargin;
 constexpr Twips kLabelHeight = 225, kButtonHeight = 375;
 constexpr Twips kColumn = (kInner - 2 * kMargin) / 3;
-
-void Place(Control& control, const Text& caption, Twips left, Twips top, Twips width,
-           Twips height) {
-  if (!caption.empty()) control.SetCaption(caption);
-  control.Move(left, top, width, height);
-}
 
 void PlaceIn(Control& frame, Control& control, const Text& caption, Twips left, Twips top,
              Twips width, Twips height) {
@@ -120,19 +115,12 @@ void brelmon_ModQueryDialog::DesignCount() {
   Place(cpNumFound, {}, kMargin, 7035, kInner, 660);
   PlaceIn(cpNumFound, lblNumSelected, u"Number of features = [ - No Theme - ]", kMargin, 255, 6120,
           kLabelHeight);
-  struct Tool {
-    CommandButton& button;
-    const char* picture;
-    const char16_t* tip;
-  };
-  const Tool tools[] = {{cmdSwitchSel, "tool-switch.bmp", u"Switch Selection"},
-                        {cmdOpenStats, "tool-stats.bmp", u"Statistics"},
-                        {cmdOpenTable, "tool-table.bmp", u"Open Attributes Table"}};
   Twips left = kInner - kMargin - 3 * kStep + 90;
-  for (const auto& [button, picture, tip] : tools) {
-    PlaceIn(cpNumFound, button, {}, left, 150, kSide, 435);
-    button.SetPicture(PictureOf(picture, tip));
-    button.SetToolTipText(tip);
+  const std::pair<CommandButton&, const SideTool&> tools[] = {
+      {cmdSwitchSel, kSwitchTool}, {cmdOpenStats, kStatisticsTool}, {cmdOpenTable, kTableTool}};
+  for (const auto& [button, tool] : tools) {
+    button.SetContainer(cpNumFound);
+    PlaceTool(button, tool, left, 150, kSide, 435);
     left += kStep;
   }
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // The Summarize dialog's captions and places, in twips, and the pictures of its tree.
 #include "forms/pictures.h"
+#include "selection/layout.h"
 #include "summarize/frm_Brelmon_Summarize.h"
 
 namespace brelmon {
@@ -10,12 +11,6 @@ constexpr Twips kMargin = 120, kWidth = 7440, kHeight = 7950;
 constexpr Twips kInner = kWidth - 2 * kMargin;
 constexpr Twips kLabelHeight = 225, kBoxHeight = 315, kButtonHeight = 375;
 constexpr Twips kGeneralTop = 720, kGeneralHeight = 6195;
-
-void Place(Control& control, const Text& caption, Twips left, Twips top, Twips width,
-           Twips height) {
-  if (!caption.empty()) control.SetCaption(caption);
-  control.Move(left, top, width, height);
-}
 
 }  // namespace
 
@@ -73,19 +68,11 @@ void frm_Brelmon_Summarize::DesignGeneral() {
 void frm_Brelmon_Summarize::DesignButtons() {
   constexpr Twips kCheckTop = kGeneralTop + kGeneralHeight + 120, kRow = 7425, kTool = 435;
   Place(chkSumSelected, u"Summarize on Selected Records Only", kMargin, kCheckTop, kInner, 255);
-  struct Tool {
-    CommandButton& button;
-    const char* picture;
-    const char16_t* tip;
-  };
-  const Tool tools[] = {{cmdOpenTable, "tool-table.bmp", u"Open Attributes Table"},
-                        {cmdOpenStats, "tool-stats.bmp", u"Statistics"},
-                        {cmdSwitchSel, "tool-switch.bmp", u"Switch Selection"}};
   Twips left = kMargin;
-  for (const auto& [button, picture, tip] : tools) {
-    Place(button, {}, left, kRow, kTool, kButtonHeight);
-    button.SetPicture(PictureOf(picture, tip));
-    button.SetToolTipText(tip);
+  const std::pair<CommandButton&, const SideTool&> tools[] = {
+      {cmdOpenTable, kTableTool}, {cmdOpenStats, kStatisticsTool}, {cmdSwitchSel, kSwitchTool}};
+  for (const auto& [button, tool] : tools) {
+    PlaceTool(button, tool, left, kRow, kTool, kButtonHeight);
     left += kTool + 75;
   }
   Place(cmdHelp, u"About Summarizing Data", left + 75, kRow, 2490, kButtonHeight);

@@ -21,16 +21,16 @@ Text WithBackslash(Text folder) {
 /// The first folder that can hold tables; failing all, where the host saved last, untried.
 Text DefaultFolder(const Ref<IWorkspaceFactory>& factory) {
   const Text user = GetTheUserName();
-  const Text candidates[] = {u"c:\\Users\\" + user + u"\\Documents\\",
+  const auto usable = [&](const Text& folder) { return factory->IsWorkspace(folder); };
+  for (const Text& folder : {u"c:\\Users\\" + user + u"\\Documents\\",
                              u"c:\\Documents and Settings\\" + user + u"\\My Documents\\",
                              u"c:\\Documents and Settings\\" + user + u"\\Documents\\",
-                             u"c:\\Documents and Settings\\My Documents\\",
-                             u"c:\\Documents and Settings\\Documents\\",
-                             GetFullFileString(TempPathLocation()),
-                             u"c:\\temp\\"};
-  for (const Text& candidate : candidates) {
-    if (factory->IsWorkspace(candidate)) return candidate;
+                             Text(u"c:\\Documents and Settings\\My Documents\\"),
+                             Text(u"c:\\Documents and Settings\\Documents\\")}) {
+    if (usable(folder)) return folder;
   }
+  if (const Text folder = GetFullFileString(TempPathLocation()); usable(folder)) return folder;
+  if (const Text folder = u"c:\\temp\\"; usable(folder)) return folder;
   return ReturnArcGISGeneralDir(kLastSavedTo);
 }
 
