@@ -19,6 +19,7 @@ class OneFile : public IFileSystem {
     if (mode == FileMode::Output) bytes.clear();
     return std::make_unique<Stream>(bytes);
   }
+  Text FromTyped(const Text& typed) override { return typed; }
   std::int32_t GetLongPathName(const Text&, Text&) override { return 0; }
   std::int32_t GetTempPath(Text&) override { return 0; }
 

@@ -59,7 +59,11 @@ std::vector<std::string> Completer::Candidates(const std::vector<std::string>& w
     for (const CommandInfo& info : CommandTable()) names.push_back(ToUtf8(info.ClassName));
     return names;
   }
-  const auto items = ItemsOf(session_.Host());
+  auto items = ItemsOf(session_.Host());
+  if (words[0] == "frame") {
+    std::erase_if(items, [](const Item& item) { return item.Depth > 0; });
+    if (words.size() > 1) return {};
+  }
   if (words.size() > 1 && words[0] != "pick") {
     const Item& item = FindItem(items, words[1]);
     for (const Field& field : FieldsOf(item)) {

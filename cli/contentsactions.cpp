@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// contents, fields, tab, pick, graphic: what the module holds, and what is chosen of it.
+// contents, fields, frame, tab, pick, graphic: what the module holds, and what is chosen of it.
 #include <CLI/CLI.hpp>
 #include <iostream>
 
@@ -80,6 +80,18 @@ int Pick(Session& session, const Words& words) {
   return kDone;
 }
 
+int BringIntoFocus(Session& session, const std::string& word) {
+  auto items = ItemsOf(session.Host());
+  // A layer may bear a frame's name; numbers count all items.
+  if (!word.starts_with('#')) {
+    std::erase_if(items, [](const Item& item) { return item.Depth > 0; });
+  }
+  const auto view = FindItem(items, word).Object.TryAs<IActiveView>();
+  if (!view) throw Refusal("\"" + word + "\" is no data frame");
+  session.Document()->SetActiveView(view);
+  return kDone;
+}
+
 int SetTab(Session& session, const std::string& name) {
   if (!session.Host().SetTab(FromUtf8(name))) throw Refusal("there is no tab \"" + name + "\"");
   return kDone;
@@ -96,6 +108,13 @@ void AddContentsActions(CLI::App& app, Action& action) {
   fields->add_option("ITEM", *word, "Its name, or #n")->required();
   fields->callback([&action, word] {
     action = [word](Session& session) { return ListFields(session, *word); };
+  });
+
+  const auto frame = std::make_shared<std::string>();
+  CLI::App* focus = app.add_subcommand("frame", "Bring a data frame into focus");
+  focus->add_option("NAME", *frame, "Its name, or #n")->required();
+  focus->callback([&action, frame] {
+    action = [frame](Session& session) { return BringIntoFocus(session, *frame); };
   });
 
   const auto name = std::make_shared<std::string>();

@@ -66,6 +66,7 @@ class LoadedComponent : public Component {
   }
 
   std::string PictureBytes(std::int32_t handle) override { return sink_->PictureBytes(handle); }
+  std::string PictureDrawing(std::int32_t handle) override { return sink_->PictureDrawing(handle); }
   bool CanUnload() override { return canUnloadNow_() == hresult::kOk; }
 
  private:

@@ -18,6 +18,7 @@ class Component {
   virtual Ref<IObject> CreateObject(const Text& progId) = 0;
   /// The bytes of a picture handle; empty if unknown.
   virtual std::string PictureBytes(std::int32_t handle) = 0;
+  virtual std::string PictureDrawing(std::int32_t handle) = 0;
   /// Whether no object of the component is alive.
   virtual bool CanUnload() = 0;
 

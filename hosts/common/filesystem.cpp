@@ -104,6 +104,10 @@ class SystemFiles : public IFileSystem {
     return std::make_unique<FileStream>(descriptor);
   }
 
+  Text FromTyped(const Text& typed) override {
+    return typed.starts_with(u'/') ? paths_.ToWindows(ToUtf8(typed)) : typed;
+  }
+
   std::int32_t GetLongPathName(const Text& path, Text& buffer) override {
     const auto system = paths_.ToSystem(path);
     if (!system || (!FileExists(*system) && !FolderExists(*system))) return 0;

@@ -116,6 +116,8 @@ class MapDocument : public IMxDocument,
     if (hit == frames_->maps.end()) {
       host::Fail(failure::kInvalidCall, "The view is none of the document's data frames.");
     }
+    // What is selected in another frame is out of the user's sight from now on.
+    if (!Same(focus_, *hit)) selection_->items = {hit->As<IObject>()};
     focus_ = *hit;
   }
   Ref<IMaps> Maps() override { return {shared_from_this()}; }

@@ -6,8 +6,10 @@
 
 #include <QDialog>
 #include <QPointer>
+#include <QTimer>
 #include <QVector>
 #include <QWindow>
+#include <vector>
 
 #include "platform/failure.h"
 
@@ -21,24 +23,41 @@ QVector<QPointer<QDialog>>& ModalWindows() {
   return windows;
 }
 
-QVector<QPointer<QWidget>>& FloatingWindows() {
-  static QVector<QPointer<QWidget>> windows;
+struct Floating {
+  QPointer<QWidget> window;
+  const QWidget* shownOver;  // may be gone; only ever compared
+};
+
+std::vector<Floating>& FloatingWindows() {
+  static std::vector<Floating> windows;
   return windows;
 }
 
 // A window whose transient parent is a modal dialog isn't blocked by it.
-void Raise(QWidget& window) {
-  QWidget* owner = OwnerWindow();
+void RaiseOver(QWidget* owner, QWidget& window) {
   if (!owner || owner == &window) return;
   owner->winId();
   window.winId();
   window.windowHandle()->setTransientParent(owner->windowHandle());
 }
 
-void RaiseAll() {
-  for (const auto& window : FloatingWindows()) {
-    if (window) Raise(*window);
+void RaiseAllOver(QWidget* owner) {
+  for (const auto& [window, over] : FloatingWindows()) {
+    if (window) RaiseOver(owner, *window);
   }
+}
+
+// The window system learns only at a showing what a window is to stay above.
+void ShowOver(QWidget* owner, Floating& floating) {
+  QWidget& window = *floating.window;
+  floating.shownOver = owner;
+  if (!window.isVisible() || window.isMinimized()) return;
+  const QPoint place = window.pos();
+  window.hide();
+  window.setAttribute(Qt::WA_ShowWithoutActivating);
+  window.move(place);
+  window.show();
+  window.setAttribute(Qt::WA_ShowWithoutActivating, false);
 }
 
 }  // namespace
@@ -60,19 +79,34 @@ QWidget* OwnerWindow() {
 
 void PushModalWindow(QDialog* dialog) {
   ModalWindows().push_back(dialog);
-  RaiseAll();
+  RaiseAllOver(dialog);
+  // A window shown just before would come up above it.
+  QTimer::singleShot(0, dialog, [dialog] {
+    if (OwnerWindow() == dialog) BringUp(*dialog);
+  });
 }
 
 void PopModalWindow(QDialog* dialog) {
   ModalWindows().removeAll(dialog);
-  RaiseAll();
+  RaiseAllOver(OwnerWindow());
+  for (Floating& floating : FloatingWindows()) {
+    if (floating.window && floating.shownOver == dialog) ShowOver(OwnerWindow(), floating);
+  }
+}
+
+void BringUp(QWidget& window) {
+  window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+  window.show();
+  window.raise();
+  window.activateWindow();
 }
 
 void FloatAbove(QWidget* window) {
   auto& windows = FloatingWindows();
-  windows.removeAll(QPointer<QWidget>());
-  if (!windows.contains(window)) windows.push_back(window);
-  Raise(*window);
+  std::erase_if(windows,
+                [window](const Floating& each) { return !each.window || each.window == window; });
+  windows.push_back({window, OwnerWindow()});
+  RaiseOver(OwnerWindow(), *window);
 }
 
 }  // namespace brelmon::qgis

@@ -31,6 +31,8 @@ QWidget* OwnerWindow();
 /// innermost, so that they take input while QGIS itself doesn't.
 void PushModalWindow(QDialog* dialog);
 void PopModalWindow(QDialog* dialog);
+/// Shows a window above others and with the focus, also one that the user has minimised.
+void BringUp(QWidget& window);
 /// A window beside QGIS that is to stay above it and above modal forms. Forgotten when destroyed.
 void FloatAbove(QWidget* window);
 

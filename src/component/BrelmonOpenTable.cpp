@@ -39,6 +39,9 @@ class ServiceSink final : public IServiceSink {
   std::string PictureBytes(std::int32_t handle) override {
     return std::string(ResourceBytes(std::to_string(handle) + ".bmp"));
   }
+  std::string PictureDrawing(std::int32_t handle) override {
+    return std::string(ResourceBytes(std::to_string(handle) + ".svg"));
+  }
   bool Attached() const { return attached_; }
   const Text& LibraryPath() const { return libraryPath_; }
 

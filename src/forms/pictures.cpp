@@ -14,7 +14,10 @@ Picture PictureOf(std::string_view fileName, TextView description) {
   if (bytes.empty()) return nullptr;
   Picture& held = pictures[{std::string(fileName), Text(description)}];
   if (!held) {
-    held = std::make_shared<PictureData>(PictureData{std::string(bytes), Text(description)});
+    const std::string_view stem = fileName.substr(0, fileName.rfind('.'));
+    held = std::make_shared<PictureData>(
+        PictureData{std::string(bytes), std::string(ResourceBytes(std::string(stem) + ".svg")),
+                    Text(description)});
   }
   return held;
 }

@@ -72,6 +72,8 @@ class IServiceSink {
   virtual void Detach() = 0;
   /// The bytes of a picture handle: a bitmap file of 24 bits, or a cursor file. Empty if unknown.
   virtual std::string PictureBytes(std::int32_t handle) = 0;
+  /// The same subject as SVG; empty if there is none.
+  virtual std::string PictureDrawing(std::int32_t handle) = 0;
 };
 
 inline constexpr Guid kIID_IClassFactory = {

@@ -24,6 +24,7 @@ constexpr std::array kWords = {
     Words{failure::kSubscript, u"Subscript out of range"},
     Words{failure::kDivisionByZero, u"Division by zero"},
     Words{failure::kTypeMismatch, u"Type mismatch"},
+    Words{failure::kUserInterrupt, u"User interrupt occurred"},
     Words{failure::kInternal, u"Internal error"},
     Words{failure::kBadFileNumber, u"Bad file name or number"},
     Words{failure::kFileNotFound, u"File not found"},

@@ -18,6 +18,7 @@ inline constexpr std::int32_t kOutOfMemory = 7;
 inline constexpr std::int32_t kSubscript = 9;
 inline constexpr std::int32_t kDivisionByZero = 11;
 inline constexpr std::int32_t kTypeMismatch = 13;
+inline constexpr std::int32_t kUserInterrupt = 18;
 inline constexpr std::int32_t kInternal = 51;
 inline constexpr std::int32_t kBadFileNumber = 52;
 inline constexpr std::int32_t kFileNotFound = 53;
@@ -61,7 +62,8 @@ Text DescriptionOf(std::int32_t number);
 /// Raises `number` in the platform's words, with the component's name as source.
 [[noreturn]] void Raise(std::int32_t number, std::int32_t line = __builtin_LINE());
 /// The same with a description of its own.
-[[noreturn]] void Raise(std::int32_t number, Text description, std::int32_t line = __builtin_LINE());
+[[noreturn]] void Raise(std::int32_t number, Text description,
+                        std::int32_t line = __builtin_LINE());
 
 /// The failure that stands for what is being handled; only inside a catch block.
 /// Whatever else C++ can throw is translated (bad_alloc to 7, out_of_range to 9, the rest to 51).

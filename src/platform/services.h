@@ -104,6 +104,9 @@ class IFileSystem {
   virtual std::int32_t Attributes(const Text& path) = 0;
   /// Fails with 53 (no file), 76 (no folder), 70 or 75 (not allowed).
   virtual std::unique_ptr<IByteStream> Open(const Text& path, FileMode mode) = 0;
+  /// A path as users of this system write it, in the form that tools take; one in that form, and
+  /// any other text, stays as it is.
+  virtual Text FromTyped(const Text& typed) = 0;
   /// GetLongPathNameA: the length of the long form (0 on failure), which goes into `buffer`.
   virtual std::int32_t GetLongPathName(const Text& path, Text& buffer) = 0;
   /// GetTempPathA: the length (0 on failure) of the temporary folder, closing backslash included.

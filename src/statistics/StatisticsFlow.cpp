@@ -241,6 +241,15 @@ class Run {
   Text report_;
 };
 
+/// A number that was typed is shown as typed again.
+void ShowDecimalPlaces(ComboBox& box, std::int16_t places) {
+  if (places >= 0 && places < box.ListCount()) {
+    box.SetListIndex(places);
+  } else {
+    box.SetText(GeneralText(places));
+  }
+}
+
 Ref<brelmon_ThemeIDDialog> ShowDialog(const Ref<IApplication>& application,
                                       const StatisticsOffer& offer,
                                       const StatisticsDefaults& defaults) {
@@ -250,7 +259,7 @@ Ref<brelmon_ThemeIDDialog> ShowDialog(const Ref<IApplication>& application,
   dialog->theCurrentSelected = offer.Selected;
   dialog->txtNoData.SetText(defaults.ExcludeText);
   dialog->chkNoData.SetValue(defaults.Ignore ? 1 : 0);
-  dialog->cbxDecPlaces.SetListIndex(defaults.DecimalPlaces);
+  ShowDecimalPlaces(dialog->cbxDecPlaces, defaults.DecimalPlaces);
   dialog->ShowModal();
   return dialog;
 }

@@ -64,6 +64,8 @@ class frm_Brelmon_Summarize : public Form {
   void AnchorControls();
   void ListLayers();
   void ProposeOutput();
+  /// The output box's text as a path of the tools.
+  Text TypedOutput();
 
   void cbxLayer_Click();
   void cbxFieldName_Click();

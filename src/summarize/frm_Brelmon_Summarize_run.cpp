@@ -36,6 +36,8 @@ Text DefaultFolder(const Ref<IWorkspaceFactory>& factory) {
 
 }  // namespace
 
+Text frm_Brelmon_Summarize::TypedOutput() { return FileSystem().FromTyped(txtOutput.Text()); }
+
 void frm_Brelmon_Summarize::ProposeOutput() {
   const auto factory = HostObjects().NewShapefileWorkspaceFactory();
   const Text folder = WithBackslash(DefaultFolder(factory));
@@ -46,7 +48,7 @@ void frm_Brelmon_Summarize::ProposeOutput() {
 void frm_Brelmon_Summarize::cmdGetFile_Click() {
   Guard::Top(u"cmdGetFile_Click", [&] {
     Text start, proposal;
-    if (const Text output = txtOutput.Text(); !output.empty()) {
+    if (const Text output = TypedOutput(); !output.empty()) {
       proposal = MakeUniqueFilename(output);
       start = WithBackslash(ReturnDir(proposal));
     } else {
@@ -97,7 +99,7 @@ void frm_Brelmon_Summarize::cmdOK_Click() {
     const auto document = ArcApp->Document().As<IMxDocument>();
     const auto map = document->FocusMap();
     const auto input = TableOf(SelectedLayer);
-    const auto output = OutputName(txtOutput.Text());
+    const auto output = OutputName(TypedOutput());
     if (!output) return;
     const bool useSelected = chkSumSelected.Value() == 1;
     const auto made =

@@ -32,9 +32,11 @@ struct Font {
   bool operator==(const Font&) const = default;
 };
 
-/// A picture in the host's terms: the bytes of a bitmap or cursor file. Compared by identity.
+/// A picture in the host's terms: the bytes of a bitmap or cursor file, and the same subject as
+/// SVG for hosts that scale, if there is one. Compared by identity.
 struct PictureData {
   std::string Bytes;
+  std::string Drawing;
   Text Description;  // for who can't see it
 };
 using Picture = std::shared_ptr<const PictureData>;

@@ -89,8 +89,8 @@ class Control {
   const Picture& MouseIcon();
   void SetMouseIcon(const Picture& cursor);  // and the custom pointer
 
-  /// Place in the tab order: order of construction unless set. Labels, frames and pictures
-  /// without a click are no tab stops.
+  /// Place in the tab order: order of construction unless set. Frames, and labels and pictures
+  /// without a click, are no tab stops.
   int TabIndex();
   void SetTabIndex(int index);
   bool TabStop();

@@ -6,12 +6,16 @@
 
 namespace brelmon {
 
+/// A caption, a link if Click is wired.
 class Label : public Control {
  public:
   Label(Form& owner, Text name) : Control(owner, ControlKind::Label, std::move(name)) {}
   std::function<void()> Click, MouseMove;
   void UserClick();
   void UserMouseMove();
+
+ protected:
+  bool TakesFocus() const override { return Click != nullptr; }
 };
 
 class Frame : public Control, public Container {

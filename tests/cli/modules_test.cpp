@@ -31,7 +31,7 @@ TEST(Front, HelpAndVersionNeedNoModule) {
   const auto help = Brelmon({"--help"});
   EXPECT_EQ(help.status, 0);
   for (const char* action :
-       {"toolbar", "commands", "contents", "fields", "tab", "pick", "graphic", "click",
+       {"toolbar", "commands", "contents", "fields", "frame", "tab", "pick", "graphic", "click",
         "statistics", "values", "query", "summarize", "quickload", "media", "about", "check"}) {
     EXPECT_TRUE(Contains(help.out, std::string("\n  ") + action + " ")) << action;
   }
@@ -100,6 +100,16 @@ TEST(Contents, MarksWhatIsPickedAndCountsWhatIsSelected) {
   EXPECT_TRUE(Contains(
       said, "     9  picked  table            weather           valid     2922      2922\n"));
   EXPECT_TRUE(Contains(said, "  Volcanoes       invalid      -         -\n")) << said;
+}
+
+TEST(Frame, TakesTheFocusAndTheSelectionAlong) {
+  const auto said = Brelmon({Earth()},
+                            "pick quakes\nframe \"weather and storms\"\ncontents\ntoolbar\n"
+                            "statistics storms WIND_KT\n");
+  EXPECT_TRUE(Contains(said.out, "focus,picked  data frame     Weather and storms")) << said.out;
+  EXPECT_EQ(StateOf(said.out, "OpenTable"), "disabled");
+  EXPECT_EQ(StateOf(said.out, "cmdDeleteSelLayers"), "enabled");
+  EXPECT_EQ(Brelmon({Earth(), "frame", "quakes"}).status, 1);
 }
 
 TEST(Click, IsRefusedWhereAUserCouldNotOrWouldNeedAForm) {

@@ -6,10 +6,10 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
-#include <QGroupBox>
 #include <QLabel>
 #include <QMainWindow>
 #include <QRadioButton>
+#include <QScreen>
 #include <QSet>
 #include <QTest>
 #include <QTimer>
@@ -29,24 +29,58 @@ bool IsControl(const QWidget* widget) {
          !widget->objectName().startsWith(QLatin1String("qt_"));
 }
 
-QString Plain(QString text) { return text.remove(QLatin1Char('&')); }
+/// How many pixels `change` takes away from a widget of that size: those of its text or picture.
+int Painted(QWidget* widget, const QSize& size, const std::function<void(bool)>& show) {
+  const QRect before = widget->geometry();
+  widget->resize(size);
+  const QImage with = widget->grab().toImage();
+  show(false);
+  const QImage without = widget->grab().toImage();
+  show(true);
+  widget->setGeometry(before);
+  int count = 0;
+  for (int y = 0; y < with.height(); ++y) {
+    for (int x = 0; x < with.width(); ++x) {
+      const int contrast = std::abs(qGray(with.pixel(x, y)) - qGray(without.pixel(x, y)));
+      count += contrast > 40;
+    }
+  }
+  return count;
+}
 
-void ExpectNotCut(const QWidget* widget) {
-  const QFontMetrics metrics(widget->font());
+/// What is painted must be there in full at the size that the form gives.
+void ExpectNotCut(QWidget* widget) {
   const std::string name = Named(widget).toStdString();
-  const auto* label = qobject_cast<const QLabel*>(widget);
+  const QSize size = widget->size();
+  const auto same = [&](const QSize& larger, const std::function<void(bool)>& show) {
+    const int here = Painted(widget, size, show), there = Painted(widget, larger, show);
+    EXPECT_GE(here * 100, there * 95) << name << " is cut";
+    return here;
+  };
+  auto* label = qobject_cast<QLabel*>(widget);
+  auto* button = qobject_cast<QAbstractButton*>(widget);
   if (label && !label->text().isEmpty()) {
-    const QRect needed =
-        metrics.boundingRect(QRect(0, 0, label->width(), 9999), Qt::TextWordWrap, label->text());
-    EXPECT_LE(needed.height(), label->height()) << name;
-    EXPECT_LE(needed.width(), label->width()) << name;
-  } else if (const auto* button = qobject_cast<const QAbstractButton*>(widget)) {
-    EXPECT_LE(metrics.horizontalAdvance(Plain(button->text())), button->width() - 6) << name;
-    EXPECT_LE(button->iconSize().height() * !button->icon().isNull(), button->height()) << name;
-  } else if (const auto* frame = qobject_cast<const QGroupBox*>(widget)) {
-    EXPECT_LE(metrics.horizontalAdvance(Plain(frame->title())), frame->width() - 8) << name;
+    const QString text = label->text();
+    same(size + QSize(0, 80), [&](bool on) { label->setText(on ? text : QString()); });
+  } else if (button && !button->text().isEmpty()) {
+    const QString text = button->text();
+    same(size + QSize(80, 40), [&](bool on) { button->setText(on ? text : QString()); });
+  } else if (button && !button->icon().isNull()) {
+    const QIcon icon = button->icon();
+    const int ink =
+        same(size + QSize(20, 20), [&](bool on) { button->setIcon(on ? icon : QIcon()); });
+    EXPECT_TRUE(ink > 20 || !button->isEnabled()) << name << " can't be seen";
   }
   EXPECT_TRUE(widget->parentWidget()->rect().contains(widget->geometry())) << name << " is outside";
+}
+
+/// A window that is larger than the screen scrolls to whatever has the focus.
+void ExpectReachable(QWidget* widget) {
+  const QRect screen = widget->screen()->availableGeometry();
+  EXPECT_TRUE(screen.contains(widget->window()->geometry())) << Named(widget).toStdString();
+  if (!qobject_cast<QAbstractButton*>(widget)) return;
+  EXPECT_EQ(widget->visibleRegion().boundingRect().size(), widget->size())
+      << Named(widget).toStdString() << " is out of sight at the focus";
 }
 
 /// The controls that Tab comes by, until it is where it began.
@@ -56,6 +90,7 @@ QSet<QWidget*> ReachedByTab(QWidget* window) {
     QWidget* focused = window->focusWidget();
     if (!focused || reached.contains(focused)) break;
     reached << focused;
+    ExpectReachable(focused);
     QTest::keyClick(focused, Qt::Key_Tab);
   }
   return reached;

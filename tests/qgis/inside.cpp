@@ -22,10 +22,12 @@
 #include <QListView>
 #include <QMainWindow>
 #include <QMenu>
+#include <QProcess>
 #include <QScreen>
 #include <QTest>
 #include <QTimer>
 #include <QToolBar>
+#include <QWindow>
 
 #include "hosts/qgis/data/layerobject.h"
 #include "hosts/qgis/qgishost.h"
@@ -60,13 +62,6 @@ QAction* EnabledAction(const char* className) {
   auto* action = Access().iface->mainWindow()->findChild<QAction*>(QString::fromLatin1(className));
   EXPECT_TRUE(WaitFor([&] { return action->isEnabled(); })) << className << " stays disabled";
   return action;
-}
-
-QWidget* VisibleWindow(const QString& name) {
-  for (QWidget* window : QApplication::topLevelWidgets()) {
-    if (window->isVisible() && window->objectName() == name) return window;
-  }
-  return nullptr;
 }
 
 /// Runs `script` in the window that `start` opens; both have ended when this returns.
@@ -147,9 +142,16 @@ bool WaitFor(const std::function<bool()>& done) {
   return true;
 }
 
+QWidget* Shown(const QString& name) {
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (window->isVisible() && window->objectName() == name) return window;
+  }
+  return nullptr;
+}
+
 QWidget* Window(const QString& name) {
-  WaitFor([&] { return VisibleWindow(name) != nullptr; });
-  return VisibleWindow(name);
+  WaitFor([&] { return Shown(name) != nullptr; });
+  return Shown(name);
 }
 
 QToolButton* ToolButton(const char* className) {
@@ -164,7 +166,7 @@ void Soon(const QString& window, const std::function<void(QWidget*)>& script) {
   QElapsedTimer clock;
   clock.start();
   QObject::connect(timer, &QTimer::timeout, timer, [timer, clock, window, script] {
-    QWidget* there = VisibleWindow(window);
+    QWidget* there = Shown(window);
     const bool late = clock.elapsed() > 10000;
     if (!there && !late) return;
     timer->stop();
@@ -212,6 +214,33 @@ void AnswerBox(QMessageBox::StandardButton answer, QString* text) {
 void Click(QWidget* widget) {
   WaitFor([&] { return widget->isEnabled(); });
   QTest::mouseClick(widget, Qt::LeftButton);
+}
+
+bool TakesInput(QWidget* window) {
+  int heard = 0;
+  class Listener : public QObject {
+   public:
+    explicit Listener(int& count) : count_(count) {}
+    bool eventFilter(QObject*, QEvent* event) override {
+      count_ += event->type() == QEvent::MouseButtonPress;
+      return event->type() == QEvent::MouseButtonPress;
+    }
+
+   private:
+    int& count_;
+  } listener(heard);
+  window->windowHandle()->installEventFilter(&listener);
+  QTest::mousePress(window->windowHandle(), Qt::RightButton, {}, QPoint(2, 2));
+  QTest::mouseRelease(window->windowHandle(), Qt::RightButton, {}, QPoint(2, 2));
+  QApplication::processEvents();
+  return heard > 0;
+}
+
+void ClickForReal(QWidget* widget) {
+  const QPoint at = widget->mapToGlobal(widget->rect().center());
+  QProcess::execute(QStringLiteral("xdotool"),
+                    {QStringLiteral("mousemove"), QString::number(at.x()), QString::number(at.y()),
+                     QStringLiteral("click"), QStringLiteral("1")});
 }
 
 void ClickOption(QWidget* window, const char* name) {

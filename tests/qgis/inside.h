@@ -29,6 +29,8 @@ void SetGraphics(const std::vector<std::string>& wkts);
 bool WaitFor(const std::function<bool()>& done);
 /// A visible window by its object name; null if it doesn't appear.
 QWidget* Window(const QString& name);
+/// The same at this moment.
+QWidget* Shown(const QString& name);
 /// A control's widget by the control's name; a test fails without it.
 template <class T>
 T* Control(QWidget* window, const char* name) {
@@ -52,9 +54,14 @@ void Soon(const QString& window, const std::function<void(QWidget*)>& script);
 /// Answers the next message box by a click on one of its buttons.
 void AnswerBox(QMessageBox::StandardButton answer, QString* text = nullptr);
 void Click(QWidget* widget);
+/// A click that goes through the window system, which gives the focus by the time of the last one.
+void ClickForReal(QWidget* widget);
 /// Clicks the mark of a radio button: the rest of its place may lie beyond its text.
 void ClickOption(QWidget* window, const char* name);
 void ClickRow(QWidget* list, int row, Qt::KeyboardModifiers keys = Qt::NoModifier);
+
+/// Whether a window takes input now; asked of the window system's side, where modality is decided.
+bool TakesInput(QWidget* window);
 
 /// Writes a picture of the whole screen, or of one window with its frame, if pictures are asked
 /// for.

@@ -5,6 +5,7 @@
 #include <qgsmapcanvas.h>
 
 #include <QFile>
+#include <QFileDialog>
 #include <QLineEdit>
 #include <QListView>
 #include <QPlainTextEdit>
@@ -119,6 +120,19 @@ TEST(Shortcuts, ABookmarkIsAddedAndOthersDeleted) {
   EXPECT_TRUE(report.contains(QStringLiteral("  --> Mediterranean  [Spatial Bookmark]")));
   EXPECT_EQ(Shortcuts(), "<Layer>\r\nCountry borders\r\nlayers\\country_borders.qlr\r\n" +
                              added.mid(before.size()));
+}
+
+TEST(Shortcuts, OnlyLayerFilesAreOfferedToAdd) {
+  OpenModule();
+  ClickAndDo("cmdQLAddLayer", QStringLiteral("BrelmonGxDialog"), [](QWidget* window) {
+    auto* dialog = qobject_cast<QFileDialog*>(window);
+    EXPECT_EQ(dialog->findChild<QLineEdit*>()->text(), QString());
+    for (const QString& filter : dialog->nameFilters()) {
+      EXPECT_TRUE(filter.contains(QStringLiteral("*.qlr"))) << filter.toStdString();
+    }
+    AnswerBox(QMessageBox::Ok);
+    dialog->reject();
+  });
 }
 
 TEST(Shortcuts, MediaOpenInTheSystemsPrograms) {

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QFile>
+#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QProcess>
 #include <QPushButton>
@@ -66,6 +67,31 @@ TEST(Statistics, FromToolButtonToReport) {
   EXPECT_EQ(QApplication::clipboard()->text().remove(QLatin1Char('\r')), text->toPlainText());
   Click(Control<QPushButton>(report, "cmdPrint"));
   EXPECT_TRUE(QFile::exists(qEnvironmentVariable("BRELMON_PRINTER")));
+  // Where there is no printer, a file in its place: offered, and chosen by the user.
+  const QByteArray printer = qgetenv("BRELMON_PRINTER");
+  qunsetenv("BRELMON_PRINTER");
+  const QString pdf = QString::fromUtf8(printer) + QStringLiteral("-chosen.pdf");
+  ClickAndDo(Control<QPushButton>(report, "cmdPrint"), QStringLiteral("BrelmonPrintToFile"),
+             [&](QWidget* offer) {
+               TakePicture(QStringLiteral("print_to_file"), offer);
+               Soon(QStringLiteral("BrelmonPrintFile"), [&](QWidget* chooser) {
+                 auto* name = chooser->findChild<QLineEdit*>();
+                 name->setText(pdf);
+                 QTest::keyClick(name, Qt::Key_Return);
+               });
+               Click(qobject_cast<QMessageBox*>(offer)->button(QMessageBox::Save));
+             });
+  EXPECT_TRUE(WaitFor([&] { return QFile::exists(pdf); }));
+  qputenv("BRELMON_PRINTER", printer);
+
+  QTest::keyClicks(text, QStringLiteral("note"));
+  QTest::keyClick(text, Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_TRUE(text->toPlainText().startsWith(QStringLiteral("Statistics")));
+  QTest::keyClick(text, Qt::Key_A, Qt::ControlModifier);
+  QTest::keyClick(text, Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::clipboard()->text(), text->toPlainText());
+  EXPECT_GE(report->minimumWidth(), 2001 / 15);
+  EXPECT_GE(report->minimumHeight(), 2601 / 15);
   report->close();  // hides the frame; the next run shows it again
   EXPECT_TRUE(WaitFor([&] { return !QApplication::topLevelWidgets().contains(report); }));
 }

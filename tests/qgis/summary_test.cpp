@@ -57,8 +57,7 @@ void TypePath(QWidget* dialog, const QString& path) {
   auto* output = Control<QLineEdit>(dialog, "txtOutput");
   output->setFocus();
   output->selectAll();
-  QTest::keyClicks(
-      output, QStringLiteral("Z:") + QString(path).replace(QLatin1Char('/'), QLatin1Char('\\')));
+  QTest::keyClicks(output, path);
 }
 
 /// All bytes but the date of the last change.
@@ -118,7 +117,19 @@ TEST(Summary, TickedBoxTakesTheSelectedRowsAlone) {
   quakes->selectByExpression(QStringLiteral("\"MAG\" > 5"));
   const QString path = InModule(QStringLiteral("strong.dbf"));
   ClickAndDo("cmdSumBrelmon", kForm, [&](QWidget* dialog) {
-    EXPECT_TRUE(Control<QCheckBox>(dialog, "chkSumSelected")->isChecked());
+    auto* selected = Control<QCheckBox>(dialog, "chkSumSelected");
+    EXPECT_TRUE(selected->isChecked());
+    for (const auto& [name, ticks] : {std::pair("lbl2", false), std::pair("lblSummarize", false),
+                                      std::pair("frmGeneral", false), std::pair("", true)}) {
+      Click(selected);
+      EXPECT_FALSE(selected->isChecked());
+      auto* at = *name ? Control<QWidget>(dialog, name) : selected->parentWidget();
+      const QPoint ground = *name ? QPoint(6, 12) : QPoint(2, at->height() - 2);
+      QTest::mouseClick(at, Qt::LeftButton, {}, ground);
+      QTest::qWait(50);
+      EXPECT_EQ(selected->isChecked(), ticks) << name;
+      if (!ticks) Click(selected);
+    }
     Choose(dialog, "cbxFieldName", QStringLiteral("NET"));
     TypePath(dialog, path);
     Click(Control<QPushButton>(dialog, "cmdOK"));

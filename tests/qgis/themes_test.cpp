@@ -3,7 +3,10 @@
 #include <gtest/gtest.h>
 #include <qgisinterface.h>
 #include <qgsannotationlayer.h>
+#include <qgsannotationpolygonitem.h>
 #include <qgsdockwidget.h>
+#include <qgsfillsymbol.h>
+#include <qgsfillsymbollayer.h>
 #include <qgsmapcanvas.h>
 #include <qgsmaptoolmodifyannotation.h>
 #include <qgsmessagebar.h>
@@ -131,6 +134,17 @@ TEST(Themes, GraphicsPickedOneAfterTheOtherAddUpUntilTheToolLetsGo) {
   Pick({LayerCalled(u"countries")});
   Push("cmdSelByGraphic");
   EXPECT_EQ(SelectedIn(u"countries"), 2);
+  SetGraphics({"POLYGON((0 40, 20 40, 20 55, 0 55, 0 40))"});
+  TakePicture(QStringLiteral("graphic_before"));
+  Push("cmdSelByGraphic");
+  const auto drawn = layer->items();
+  for (const QgsAnnotationItem* item : drawn) {
+    const auto* polygon = dynamic_cast<const QgsAnnotationPolygonItem*>(item);
+    const auto* fill =
+        dynamic_cast<const QgsSimpleFillSymbolLayer*>(polygon->symbol()->symbolLayer(0));
+    EXPECT_EQ(fill->brushStyle(), Qt::NoBrush) << "hides what it has selected";
+  }
+  TakePicture(QStringLiteral("graphic_after"));
   emit tool->selectionCleared();
   EXPECT_EQ(picked(), 0);
 }
@@ -232,6 +246,11 @@ TEST(Themes, AboutTellsTheVersionAndOpensItsPages) {
     EXPECT_TRUE(pages[0].startsWith(QStringLiteral("https://"))) << pages[0].toStdString();
     EXPECT_EQ(pages[1], pages[0]);
     EXPECT_NE(pages[2], pages[0]);
+    link->setFocus();
+    QTest::keyClick(link, Qt::Key_Return);
+    EXPECT_EQ(LastOpened().value(0), pages[0]);
+    EXPECT_TRUE(about->isVisible()) << "Enter was for the link";
+    TakePicture(QStringLiteral("about_link"), about);
     Click(Control<QPushButton>(about, "cmdOK"));
   });
 }

@@ -2,11 +2,15 @@
 // The toolbar in QGIS: its actions, what enables them, what unloading leaves behind.
 #include <gtest/gtest.h>
 #include <qgisinterface.h>
+#include <qgslocator.h>
+#include <qgslocatorwidget.h>
 #include <qgsvectorlayer.h>
 
 #include <QAction>
+#include <QApplication>
 #include <QMainWindow>
 #include <QMenu>
+#include <QMenuBar>
 #include <QToolBar>
 
 #include "frame/commandtable.h"
@@ -57,38 +61,46 @@ TEST(Toolbar, ActionsInOrderWithTheirTexts) {
   }
 }
 
-TEST(Toolbar, CommandsOffTheBarStandInMenusOfTheirCategories) {
+TEST(Toolbar, AllCommandsStandInTheMenuAndAreFoundByTheLocator) {
+  auto* menu = Main().findChild<QMenu*>(QStringLiteral("BrelmonToolsMenu"));
+  ASSERT_TRUE(menu);
+  EXPECT_TRUE(Main().menuBar()->actions().contains(menu->menuAction()));
+  QStringList names;
+  for (const QAction* action : menu->actions()) {
+    if (!action->isSeparator()) names << action->objectName();
+  }
+  EXPECT_EQ(names.size(), 20);
+  EXPECT_EQ(names.removeDuplicates(), 0);
+  for (std::size_t at = 0; at < ToolBarItems().size(); ++at) {
+    EXPECT_EQ(names.value(static_cast<int>(at)), ToQt(ToolBarItems()[at].ClassName));
+  }
+
+  auto* locator = Main().findChild<QgsLocatorWidget*>();
   QStringList found;
-  for (const QAction* entry : Access().iface->pluginMenu()->actions()) {
-    if (!entry->menu() ||
-        !entry->text().remove(QLatin1Char('&')).startsWith(QLatin1String("Brelmon"))) {
-      continue;
-    }
-    found << entry->text().remove(QLatin1Char('&'));
-    for (const QAction* action : entry->menu()->actions()) found << action->objectName();
-  }
-  for (const char* name : {"Brelmon Commands", "Brelmon QL Commands", "cmdHistogramStats",
-                           "cmdSelectAll", "cmdSelByAttributes", "cmdSummarize", "cmdQLAddSpatial",
-                           "cmdQLAddQuery", "cmdQLAddLayer", "cmdQLDelete"}) {
-    EXPECT_TRUE(found.contains(QString::fromLatin1(name))) << name;
-  }
-  EXPECT_EQ(found.size(), 10);
+  const QObject context;
+  QObject::connect(locator->locator(), &QgsLocator::foundResult, &context,
+                   [&](const QgsLocatorResult& result) { found << result.displayString; });
+  locator->search(QStringLiteral(". quickload objects"));
+  EXPECT_TRUE(WaitFor([&] { return !found.isEmpty(); }));
+  EXPECT_TRUE(found.join(QLatin1Char('|')).contains(QStringLiteral("QuickLoad Objects")))
+      << found.join(QLatin1Char('|')).toStdString();
+  locator->invalidateResults();
 }
 
-TEST(Toolbar, KeyColourIsTransparentAndScalingIsWhole) {
+TEST(Toolbar, PicturesAreSharpAtAnySizeOnAnyGround) {
   const QIcon icon = ActionOf(u"cmdStats")->icon();
-  const QImage small = icon.pixmap(QSize(16, 16)).toImage();
-  const QImage large = icon.pixmap(QSize(32, 32)).toImage();
-  ASSERT_EQ(large.width(), 32);
-  int clear = 0;
-  for (int y = 0; y < 16; ++y) {
-    for (int x = 0; x < 16; ++x) {
-      EXPECT_NE(small.pixel(x, y), 0xFFFF00FFu);
-      EXPECT_EQ(small.pixel(x, y), large.pixel(2 * x + 1, 2 * y));
-      clear += qAlpha(small.pixel(x, y)) == 0;
-    }
-  }
-  EXPECT_GT(clear, 0);
+  const QImage large = icon.pixmap(QSize(64, 64)).toImage();
+  ASSERT_EQ(large.width(), 64);
+  EXPECT_EQ(qAlpha(large.pixel(0, 0)), 0);
+  int edges = 0;  // a bitmap drawn four times as large has edges at every fourth pixel alone
+  for (int x = 1; x < 64; ++x) edges += x % 4 != 0 && large.pixel(x, 40) != large.pixel(x - 1, 40);
+  EXPECT_GT(edges, 0);
+  const QPalette light = QApplication::palette();
+  QPalette dark;
+  dark.setColor(QPalette::Window, Qt::black);
+  QApplication::setPalette(dark);
+  EXPECT_NE(icon.pixmap(QSize(64, 64)).toImage(), large);
+  QApplication::setPalette(light);
 }
 
 TEST(Toolbar, FollowsTheLayersPanel) {

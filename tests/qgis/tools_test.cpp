@@ -31,6 +31,13 @@ TEST(Tools, QueryTypedByHandSelectsThenFilters) {
     EXPECT_TRUE(query->hasFocus());
     QTest::keyClicks(query, QStringLiteral(" >= 5.5"));
     EXPECT_EQ(query->toPlainText(), QStringLiteral("( \"MAG\" >= 5.5 )"));
+    Click(Control<QPushButton>(dialog, "cmdAnd"));
+    EXPECT_NE(query->toPlainText(), QStringLiteral("( \"MAG\" >= 5.5 )"));
+    QTest::keyClick(query, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(query->toPlainText(), QStringLiteral("( \"MAG\" >= 5.5 )")) << "undone";
+    QTest::keyClick(query, Qt::Key_End);
+    QTest::keyClick(query, Qt::Key_Left);
+    QTest::keyClick(query, Qt::Key_Left);
     Click(Control<QPushButton>(dialog, "cmdNewSet"));
     auto* count = Control<QLabel>(dialog, "lblNumSelected");
     EXPECT_TRUE(WaitFor([&] { return count->text().endsWith(QStringLiteral("= 9")); }))

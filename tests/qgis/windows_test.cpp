@@ -12,7 +12,9 @@
 #include <QContextMenuEvent>
 #include <QMainWindow>
 #include <QPlainTextEdit>
+#include <QProcess>
 #include <QPushButton>
+#include <QSet>
 #include <QTest>
 #include <QTimer>
 #include <QWindow>
@@ -23,27 +25,6 @@
 
 namespace brelmon::qgis::test {
 namespace {
-
-/// Whether a window takes input now; asked of the window system's side, where modality is decided.
-bool TakesInput(QWidget* window) {
-  int heard = 0;
-  class Listener : public QObject {
-   public:
-    explicit Listener(int& count) : count_(count) {}
-    bool eventFilter(QObject*, QEvent* event) override {
-      count_ += event->type() == QEvent::MouseButtonPress;
-      return event->type() == QEvent::MouseButtonPress;
-    }
-
-   private:
-    int& count_;
-  } listener(heard);
-  window->windowHandle()->installEventFilter(&listener);
-  QTest::mousePress(window->windowHandle(), Qt::RightButton, {}, QPoint(2, 2));
-  QTest::mouseRelease(window->windowHandle(), Qt::RightButton, {}, QPoint(2, 2));
-  QApplication::processEvents();
-  return heard > 0;
-}
 
 TEST(Windows, AFrameOpenedFromAModalFormTakesInput) {
   OpenModule();
@@ -78,6 +59,71 @@ TEST(Windows, ATableOpenedFromAModalFormTakesInput) {
     EXPECT_TRUE(TakesInput(table));
     dialog->close();
   });
+}
+
+/// The window that the window manager keeps `window` above.
+WId KeptAbove(QWidget* window) {
+  QProcess asked;
+  asked.start(QStringLiteral("xprop"), {QStringLiteral("-id"), QString::number(window->winId()),
+                                        QStringLiteral("WM_TRANSIENT_FOR")});
+  asked.waitForFinished();
+  return asked.readAllStandardOutput().trimmed().split(' ').last().toUInt(nullptr, 16);
+}
+
+QList<QWidget*> Tables() {
+  QList<QWidget*> tables;
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (window->isVisible() && window->inherits("QgsAttributeTableDialog")) tables << window;
+  }
+  return tables;
+}
+
+TEST(Windows, ReportAndHelpStayAboveQgisAndComeUpAgain) {
+  OpenModule();
+  Pick({LayerCalled(u"quakes")});
+  QWidget* main = Access().iface->mainWindow();
+  QWidget* help = nullptr;
+  ClickAndDo("cmdSumBrelmon", QStringLiteral("frm_Brelmon_Summarize"), [&](QWidget* dialog) {
+    Click(Control<QPushButton>(dialog, "cmdHelp"));
+    help = Window(QStringLiteral("frmSumHelp"));
+    dialog->close();
+  });
+  ASSERT_TRUE(help);
+  EXPECT_TRUE(WaitFor([&] { return KeptAbove(help) == main->winId(); }));
+  EXPECT_TRUE(help->isVisible());
+  QTest::keyClick(help, Qt::Key_Escape);
+  EXPECT_TRUE(WaitFor([&] { return !Shown(QStringLiteral("frmSumHelp")); }));
+
+  const auto calculate = [] {
+    ClickAndDo("cmdStats", QStringLiteral("brelmon_ThemeIDDialog"), [](QWidget* dialog) {
+      ClickRow(Control<QWidget>(dialog, "lbxField"), 0);
+      Click(Control<QPushButton>(dialog, "cmdOK"));
+    });
+    return Window(QStringLiteral("frmReport"));
+  };
+  QWidget* report = calculate();
+  EXPECT_EQ(KeptAbove(report), main->winId());
+  report->showMinimized();
+  EXPECT_TRUE(WaitFor([&] { return report->isMinimized(); }));
+  EXPECT_EQ(calculate(), report);
+  EXPECT_FALSE(report->isMinimized());
+  report->close();
+}
+
+TEST(Windows, TablesLieBesideEachOtherAndComeUpAgain) {
+  OpenModule();
+  Pick({LayerCalled(u"quakes"), LayerCalled(u"storms"), LayerCalled(u"countries")});
+  Push("OpenTable");
+  ASSERT_TRUE(WaitFor([] { return Tables().size() == 3; }));
+  QSet<int> tops;
+  for (const QWidget* table : Tables()) tops << table->pos().y();
+  TakePicture(QStringLiteral("three_tables"));
+  EXPECT_EQ(tops.size(), 3);
+  QWidget* table = Tables().first();
+  table->showMinimized();
+  EXPECT_TRUE(WaitFor([&] { return table->isMinimized(); }));
+  Push("OpenTable");
+  EXPECT_TRUE(WaitFor([&] { return !table->isMinimized(); }));
 }
 
 TEST(Windows, AnchorsFollowTheBorderOfTheWindow) {

@@ -245,6 +245,7 @@ struct FakeWorld::Impl : IMessageBox,
     return std::make_unique<Stream>(*bytes, mode == FileMode::Input);
   }
   /// In the case under which the file is kept.
+  Text FromTyped(const Text& typed) override { return typed; }
   std::int32_t GetLongPathName(const Text& path, Text& buffer) override {
     buffer = path;
     for (const auto& [each, bytes] : world.files) {

@@ -9,6 +9,7 @@
 
 #include "hosts/common/uniquevalues.h"
 #include "hosts/qgis/data/fieldtable.h"
+#include "hosts/qgis/userturn.h"
 
 namespace brelmon::qgis {
 namespace {
@@ -36,6 +37,7 @@ class Cursor : public virtual ICursor, public virtual host::ICursorFields {
         recycling_(recycling) {}
 
   Ref<IRowBuffer> NextRow() override {
+    CheckStep();
     if (!rows_) Open();
     if (!recycling_ || !row_) row_ = std::make_shared<Row>(fields_);
     while (rows_->nextFeature(row_->feature)) {

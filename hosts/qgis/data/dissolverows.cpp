@@ -7,6 +7,7 @@
 #include "hosts/qgis/data/fieldtable.h"
 #include "hosts/qgis/data/ogrfacts.h"
 #include "hosts/qgis/data/vectortable.h"
+#include "hosts/qgis/userturn.h"
 
 namespace brelmon::qgis {
 namespace {
@@ -36,6 +37,7 @@ class DissolveRows : public host::IDissolveRows {
 
   // A request for the selected identifiers would pass by the filter.
   bool Next() override {
+    CheckStep();
     while (rows_.nextFeature(row_)) {
       if (!useSelected_ || selected_.contains(row_.id())) return true;
     }

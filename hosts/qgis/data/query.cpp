@@ -10,6 +10,7 @@
 #include "hosts/qgis/data/fieldtable.h"
 #include "hosts/qgis/data/geometry.h"
 #include "hosts/qgis/qgishost.h"
+#include "hosts/qgis/userturn.h"
 
 namespace brelmon::qgis {
 namespace {
@@ -46,6 +47,7 @@ void KeepTouching(QgsVectorLayer& rows, const QgsGeometry& shape, bool justOne,
   engine->prepareGeometry();
   QgsFeatureIterator at = rows.getFeatures(request);
   for (QgsFeature feature; at.nextFeature(feature);) {
+    CheckStep();
     if (!feature.hasGeometry() || !engine->intersects(feature.geometry().constGet())) continue;
     ids.insert(feature.id());
     if (justOne) return;

@@ -15,6 +15,7 @@
 #include "hosts/qgis/document/dataframes.h"
 #include "hosts/qgis/document/statusbar.h"
 #include "hosts/qgis/qgishost.h"
+#include "hosts/qgis/userturn.h"
 
 namespace brelmon::qgis {
 namespace {
@@ -56,10 +57,9 @@ class Templates : public virtual ITemplates {
     if (index != 0) Raise(failure::kSubscript, 0);
     const QString file = QgsProject::instance()->fileName();
     if (file.isEmpty()) {
-      Raise(failure::kPathNotFound,
-            u"The project was never saved, so it has no folder in which the module's files could "
-            u"stand. Save it first.",
-            0);
+      EndTurn(failure::kPathNotFound,
+              u"The project was never saved, so it has no folder in which the module's files could "
+              u"stand. Save it first.");
     }
     return host::Paths().ToWindows(QFileInfo(file).absoluteFilePath().toStdString());
   }

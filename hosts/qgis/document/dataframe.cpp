@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // A data frame as a map: its layers, its tables, its view.
+#include <qgisinterface.h>
 #include <qgslayertree.h>
 #include <qgslayertreelayer.h>
 #include <qgsproject.h>
 #include <qgsvectorlayer.h>
+#include <qgsvectorlayertools.h>
 
 #include <QPointer>
 
@@ -13,6 +15,7 @@
 #include "hosts/qgis/document/dataframes.h"
 #include "hosts/qgis/document/graphics.h"
 #include "hosts/qgis/qgishost.h"
+#include "hosts/qgis/userturn.h"
 
 namespace brelmon::qgis {
 namespace {
@@ -30,6 +33,23 @@ void Walk(QgsLayerTreeGroup& group, bool recursive, Take take) {
 
 QgsMapLayer* LayerOf(QgsLayerTreeNode& node) {
   return QgsLayerTree::isLayer(&node) ? QgsLayerTree::toLayer(&node)->layer() : nullptr;
+}
+
+/// Asks what to do about unsaved edits, as QGIS's own removal does. A user who would rather keep
+/// the layer ends the turn.
+void EndEditing(QgsMapLayer& layer) {
+  auto* vector = qobject_cast<QgsVectorLayer*>(&layer);
+  if (!vector || !vector->isEditable()) return;
+  if (Iface().vectorLayerTools()->stopEditing(vector, true)) return;
+  EndTurn(failure::kUserInterrupt, {});
+}
+
+int EntriesOf(const QgsMapLayer& layer) {
+  int entries = 0;
+  for (const QgsLayerTreeLayer* entry : QgsProject::instance()->layerTreeRoot()->findLayers()) {
+    entries += entry->layerId() == layer.id();
+  }
+  return entries;
 }
 
 class DataFrame : public virtual IMap,
@@ -157,10 +177,13 @@ class DataFrame : public virtual IMap,
     if (!layer || !node_) return;
     QgsLayerTreeLayer* entry = node_->findLayer(layer->id());
     if (!entry) return;
-    const QString id = layer->id();
-    QgsLayerTree::toGroup(entry->parent())->removeChildNode(entry);
-    if (!QgsProject::instance()->layerTreeRoot()->findLayer(id)) {
-      QgsProject::instance()->removeMapLayer(id);
+    // Its last entry goes with the layer itself: one that went first would take it along later,
+    // in the middle of whatever QGIS asks meanwhile.
+    if (EntriesOf(*layer) > 1) {
+      QgsLayerTree::toGroup(entry->parent())->removeChildNode(entry);
+    } else {
+      EndEditing(*layer);
+      QgsProject::instance()->removeMapLayer(layer);
     }
   }
 
@@ -175,9 +198,12 @@ std::map<const QgsLayerTreeGroup*, std::weak_ptr<DataFrame>>& KnownFrames() {
 }
 
 void RemoveAll(QgsLayerTreeGroup& group) {
-  for (QgsLayerTreeLayer* entry : group.findLayers()) {
-    QgsProject::instance()->removeMapLayer(entry->layerId());
+  QStringList ids;
+  for (const QgsLayerTreeLayer* entry : group.findLayers()) {
+    if (entry->layer()) EndEditing(*entry->layer());
+    ids << entry->layerId();
   }
+  for (const QString& id : ids) QgsProject::instance()->removeMapLayer(id);
 }
 
 }  // namespace
@@ -220,6 +246,7 @@ void RemoveFrame(const Ref<IMap>& map) {
       RemoveAll(*QgsLayerTree::toGroup(child));
       root->removeChildNode(child);
     } else {
+      if (QgsMapLayer* layer = LayerOf(*child)) EndEditing(*layer);
       QgsProject::instance()->removeMapLayer(QgsLayerTree::toLayer(child)->layerId());
     }
   }

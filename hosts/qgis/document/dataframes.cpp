@@ -2,11 +2,27 @@
 // Which groups of the layer tree are data frames.
 #include "hosts/qgis/document/dataframes.h"
 
+#include <qgisinterface.h>
 #include <qgslayertree.h>
 #include <qgslayertreegroup.h>
+#include <qgslayertreeview.h>
 #include <qgsproject.h>
 
+#include <QPointer>
+#include <algorithm>
+
+#include "hosts/qgis/qgishost.h"
+
 namespace brelmon::qgis {
+namespace {
+
+/// The frame that was brought into focus last; its project may be gone.
+QPointer<QgsLayerTreeGroup>& LastInFocus() {
+  static QPointer<QgsLayerTreeGroup> frame;
+  return frame;
+}
+
+}  // namespace
 
 bool IsMarkedFrame(QgsLayerTreeNode& node) {
   return QgsLayerTree::isGroup(&node) && node.parent() && !node.parent()->parent() &&
@@ -34,19 +50,41 @@ std::vector<QgsLayerTreeGroup*> FrameNodes() {
   return frames;
 }
 
+QgsLayerTreeGroup* FrameAround(QgsLayerTreeNode& node) {
+  for (QgsLayerTreeNode* at = &node; at; at = at->parent()) {
+    if (IsMarkedFrame(*at)) return QgsLayerTree::toGroup(at);
+  }
+  return nullptr;
+}
+
 QgsLayerTreeGroup* FocusNode() {
   const auto frames = FrameNodes();
-  for (QgsLayerTreeGroup* frame : frames) {
-    if (frame->itemVisibilityChecked()) return frame;
-  }
-  return frames.front();
+  const auto visible = [](const QgsLayerTreeGroup* frame) {
+    return frame->itemVisibilityChecked();
+  };
+  const bool any = std::any_of(frames.begin(), frames.end(), visible);
+  const auto last = std::find(frames.begin(), frames.end(), LastInFocus().data());
+  if (last != frames.end() && (visible(*last) || !any)) return *last;
+  return any ? *std::find_if(frames.begin(), frames.end(), visible) : frames.front();
+}
+
+void BringIntoFocus(QgsLayerTreeGroup& frame) {
+  LastInFocus() = &frame;
+  frame.setItemVisibilityChecked(true);
 }
 
 void FocusOn(QgsLayerTreeGroup& frame) {
-  frame.setItemVisibilityChecked(true);
+  BringIntoFocus(frame);
   for (QgsLayerTreeGroup* other : FrameNodes()) {
     if (other != &frame) other->setItemVisibilityChecked(false);
   }
+  SelectInPanel(frame);
+}
+
+void SelectInPanel(QgsLayerTreeGroup& frame) {
+  QgsLayerTreeView& panel = *Iface().layerTreeView();
+  const QModelIndex index = panel.node2index(&frame);
+  if (index.isValid()) panel.setCurrentIndex(index);
 }
 
 }  // namespace brelmon::qgis

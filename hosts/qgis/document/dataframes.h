@@ -20,10 +20,17 @@ void MarkFrame(QgsLayerTreeGroup& group, bool frame);
 
 /// The nodes of all data frames in order; the tree's root alone where no group is marked.
 std::vector<QgsLayerTreeGroup*> FrameNodes();
-/// The first visible frame, or the first of all.
+/// The frame that `node` is or stands in; null if it is in none that is marked.
+QgsLayerTreeGroup* FrameAround(QgsLayerTreeNode& node);
+/// The frame brought into focus last, while it is visible; else the first visible one, or the
+/// first of all.
 QgsLayerTreeGroup* FocusNode();
-/// Makes `frame` the visible one.
+/// Shows `frame`, and leaves alone what else is visible.
+void BringIntoFocus(QgsLayerTreeGroup& frame);
+/// Makes `frame` the only visible one and the item selected in the Layers panel.
 void FocusOn(QgsLayerTreeGroup& frame);
+/// Selects a marked frame, and nothing else.
+void SelectInPanel(QgsLayerTreeGroup& frame);
 
 /// The map of a frame: one object as long as anyone holds it.
 Ref<IMap> FrameOf(QgsLayerTreeGroup& node);

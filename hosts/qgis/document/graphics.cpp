@@ -8,6 +8,8 @@
 #include <qgsannotationpointtextitem.h>
 #include <qgsannotationpolygonitem.h>
 #include <qgscurvepolygon.h>
+#include <qgsfillsymbol.h>
+#include <qgsfillsymbollayer.h>
 #include <qgsmapcanvas.h>
 #include <qgsmaptoolmodifyannotation.h>
 #include <qgsproject.h>
@@ -53,6 +55,28 @@ QgsGeometry ShapeOf(const QgsAnnotationItem& item) {
   return QgsGeometry::fromRect(item.boundingBox());
 }
 
+/// QGIS draws annotations above all layers: a filled one would hide what it selects.
+void ShowOutlineOnly(const GraphicId& id) {
+  const auto* polygon = dynamic_cast<const QgsAnnotationPolygonItem*>(ItemOf(id));
+  if (!polygon) return;
+  std::unique_ptr<QgsFillSymbol> symbol(polygon->symbol()->clone());
+  bool filled = false;
+  for (int i = 0; i < symbol->symbolLayerCount(); ++i) {
+    auto* simple = dynamic_cast<QgsSimpleFillSymbolLayer*>(symbol->symbolLayer(i));
+    if (simple && simple->brushStyle() == Qt::NoBrush) continue;
+    filled = true;
+    if (simple) {
+      simple->setBrushStyle(Qt::NoBrush);
+    } else {
+      symbol->changeSymbolLayer(i, new QgsSimpleFillSymbolLayer(QColor(), Qt::NoBrush));
+    }
+  }
+  if (!filled) return;
+  QgsAnnotationPolygonItem* outline = const_cast<QgsAnnotationPolygonItem*>(polygon)->clone();
+  outline->setSymbol(symbol.release());
+  LayerOf(id)->replaceItem(id.item, outline);
+}
+
 class Element : public virtual IElement {
  public:
   explicit Element(GraphicId id) : id_(std::move(id)) {}
@@ -81,7 +105,10 @@ class Container : public virtual IGraphicsContainerSelect {
   }
   Ref<IEnumElement> SelectedElements() override {
     std::vector<Ref<IElement>> elements;
-    for (const GraphicId& id : StillThere()) elements.push_back(New<Element>(id));
+    for (const GraphicId& id : StillThere()) {
+      ShowOutlineOnly(id);
+      elements.push_back(New<Element>(id));
+    }
     return host::NewEnumElement(std::move(elements));
   }
 };

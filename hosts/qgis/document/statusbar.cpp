@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// Progress on QGIS's status bar, drawn without letting any other event run.
+// Progress on QGIS's status bar, drawn at once.
 #include "hosts/qgis/document/statusbar.h"
 
 #include <qgisinterface.h>
@@ -11,6 +11,7 @@
 #include <QProgressBar>
 
 #include "hosts/qgis/qgishost.h"
+#include "hosts/qgis/userturn.h"
 
 namespace brelmon::qgis {
 namespace {
@@ -29,6 +30,9 @@ class StatusBar : public virtual IStatusBar {
     bar_->setValue(minimum);
     shown_ = Percent();
     widget_->show();
+    AtEndOfTurn([widget = widget_] {
+      if (widget) widget->hide();
+    });
     // The layouts up to the bar place the newcomer now, not in a later turn.
     for (QWidget* at = widget_->parentWidget(); at; at = at->parentWidget()) {
       if (at->layout()) at->layout()->activate();
@@ -39,6 +43,7 @@ class StatusBar : public virtual IStatusBar {
   }
 
   void StepProgressBar() override {
+    CheckStep();
     if (!widget_) return;
     value_ += step_;
     if (Percent() == shown_) return;

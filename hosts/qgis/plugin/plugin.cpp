@@ -9,6 +9,7 @@
 #include "hosts/common/componentloader.h"
 #include "hosts/qgis/document/application.h"
 #include "hosts/qgis/document/graphics.h"
+#include "hosts/qgis/document/panelfocus.h"
 #include "hosts/qgis/plugin/componentpath.h"
 #include "hosts/qgis/plugin/framemenu.h"
 #include "hosts/qgis/plugin/testdriver.h"
@@ -48,6 +49,7 @@ struct Session {
   std::unique_ptr<Toolbar> toolbar;
   std::unique_ptr<GraphicsWatch> graphics;
   std::unique_ptr<Watch> watch;
+  std::unique_ptr<PanelFocus> focus;
   std::unique_ptr<FrameMenu> frameMenu;
 };
 
@@ -81,6 +83,7 @@ class Plugin : public QObject, public QgisPlugin {
     const auto ask = [toolbar = session.toolbar.get()] { toolbar->AskSoon(); };
     session.graphics = GraphicsWatch::Start(*iface_->mapCanvas(), ask);
     session.watch = Watch::Start(*iface_, ask);
+    session.focus = PanelFocus::Start(*iface_->layerTreeView(), ask);
     session.frameMenu = FrameMenu::Install(*iface_->layerTreeView());
     WhenErrorDialogCloses(ask);
     QObject::connect(iface_, &QgisInterface::initializationCompleted, this,
@@ -90,7 +93,7 @@ class Plugin : public QObject, public QgisPlugin {
   void StartTestDriver() {
     if (!session_) return;
     RunTestDriver({iface_, session_->component.get(), session_->application,
-                   session_->services->Set(), &SelectGraphics, [this] { End(); }});
+                   session_->services->Set(), &SelectGraphics, &InTurn, [this] { End(); }});
   }
 
   void End() {
@@ -98,6 +101,7 @@ class Plugin : public QObject, public QgisPlugin {
     WhenErrorDialogCloses({});
     HideModelessFrames();
     session_->frameMenu.reset();
+    session_->focus.reset();
     session_->watch.reset();
     session_->graphics.reset();
     session_->toolbar.reset();
@@ -120,6 +124,7 @@ class Plugin : public QObject, public QgisPlugin {
 
 namespace {
 const QString kNothing;
+const QString kIcon = QStringLiteral(":/brelmon/tools.svg");
 const QString kNotExperimental = QStringLiteral("false");
 }  // namespace
 
@@ -130,7 +135,7 @@ BRELMON_ENTRY const QString* name() { return &brelmon::qgis::PluginName(); }
 BRELMON_ENTRY const QString* description() { return &brelmon::qgis::PluginDescription(); }
 BRELMON_ENTRY const QString* category() { return &brelmon::qgis::PluginCategory(); }
 BRELMON_ENTRY const QString* version() { return &brelmon::qgis::PluginVersion(); }
-BRELMON_ENTRY const QString* icon() { return &kNothing; }
+BRELMON_ENTRY const QString* icon() { return &kIcon; }
 BRELMON_ENTRY const QString* experimental() { return &kNotExperimental; }
 BRELMON_ENTRY const QString* create_date() { return &kNothing; }
 BRELMON_ENTRY const QString* update_date() { return &kNothing; }

@@ -23,6 +23,7 @@ struct TestAccess {
   Ref<IApplication> application;
   Services services;
   void (*selectGraphics)(std::vector<GraphicId>);
+  void (*inTurn)(const std::function<void()>& deed);  // as a click of the user
   std::function<void()> unload;  // what the plug-in manager does; all else here is gone then
 };
 

@@ -3,9 +3,11 @@
 #include "hosts/qgis/plugin/toolbar.h"
 
 #include <qgisinterface.h>
-#include <qgsmessagebar.h>
 
 #include <QAction>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
 #include <QPointer>
 #include <QTimer>
 #include <QToolBar>
@@ -14,7 +16,7 @@
 #include "hosts/common/componentloader.h"
 #include "hosts/qgis/qgishost.h"
 #include "hosts/qgis/services/errordialog.h"
-#include "hosts/qgis/view/look.h"
+#include "hosts/qgis/view/pictures.h"
 
 namespace brelmon::qgis {
 namespace {
@@ -37,7 +39,6 @@ QString ActionText(const Text& caption) {
 struct Button {
   Ref<ICommand> command;
   QAction* action = nullptr;
-  QString menu;       // empty for one on the bar
   bool told = false;  // that its Enabled fails
 };
 
@@ -48,16 +49,15 @@ class ToolbarOfQgis : public Toolbar {
       : iface_(iface), component_(component), application_(application) {
     timer_.setSingleShot(true);
     QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { Ask(); });
+    BuildMenu();
     BuildBar();
-    BuildMenus();
+    AddCommandsOffTheBar();
     AskSoon();
   }
   ~ToolbarOfQgis() override {
-    for (Button& button : buttons_) {
-      if (!button.menu.isEmpty()) iface_.removePluginMenu(button.menu, button.action);
-      delete button.action;
-    }
+    for (Button& button : buttons_) delete button.action;
     delete bar_;
+    delete menu_;
   }
   void AskSoon() override {
     if (!timer_.isActive()) timer_.start(0);
@@ -71,17 +71,32 @@ class ToolbarOfQgis : public Toolbar {
     for (std::int32_t at = 0; at < definition->ItemCount(); ++at) {
       auto item = New<ItemDef>();
       definition->GetItemInfo(at, item);
-      if (item->group) bar_->addSeparator();
-      bar_->addAction(Add(item->id, QString()));
+      if (item->group) {
+        bar_->addSeparator();
+        menu_->addSeparator();
+      }
+      QAction* action = Add(item->id);
+      bar_->addAction(action);
+      menu_->addAction(action);
     }
   }
 
-  void BuildMenus() {
+  // In QGIS's own menu bar: by keys, and for its locator to find.
+  void BuildMenu() {
+    menu_ = new QMenu(QStringLiteral("&Brelmon Tools"), iface_.mainWindow());
+    menu_->setObjectName(QStringLiteral("BrelmonToolsMenu"));
+    QAction* help = iface_.helpMenu()->menuAction();
+    static_cast<QMainWindow*>(iface_.mainWindow())->menuBar()->insertMenu(help, menu_);
+  }
+
+  void AddCommandsOffTheBar() {
+    Text category;
     for (const CommandInfo& info : CommandTable()) {
       const Text progId = ProgIdOf(info.ClassName);
       if (Has(ClassOf(progId))) continue;
-      const QString menu = ToQt(info.Category);
-      iface_.addPluginToMenu(menu, Add(progId, menu));
+      if (category != info.Category) menu_->addSeparator();
+      category = info.Category;
+      menu_->addAction(Add(progId));
     }
   }
 
@@ -91,16 +106,15 @@ class ToolbarOfQgis : public Toolbar {
     });
   }
 
-  QAction* Add(const Text& progId, const QString& menu) {
+  QAction* Add(const Text& progId) {
     Button button;
     button.command = component_.CreateObject(progId).As<ICommand>(0);
     ICommand& command = *button.command;
-    button.menu = menu;
     button.action = new QAction(ActionText(command.Caption()), iface_.mainWindow());
     button.action->setObjectName(ClassOf(progId));
     button.action->setToolTip(ToQt(command.Tooltip()));
     button.action->setStatusTip(ToQt(command.Message()));
-    button.action->setIcon(IconOf(component_.PictureBytes(command.Bitmap())));
+    button.action->setIcon(PictureOf(command));
     button.action->setEnabled(false);
     command.OnCreate(application_);
     QObject::connect(button.action, &QAction::triggered, button.action,
@@ -109,16 +123,17 @@ class ToolbarOfQgis : public Toolbar {
     return buttons_.back().action;
   }
 
+  QIcon PictureOf(ICommand& command) {
+    const std::int32_t handle = command.Bitmap();
+    return IconOf({component_.PictureBytes(handle), component_.PictureDrawing(handle), {}});
+  }
+
   void Click(std::size_t at) {
     if (running_) return;
     running_ = true;
     // The command outlives its click, whatever becomes of the plug-in meanwhile.
     const Ref<ICommand> command = buttons_[at].command;
-    try {
-      command->OnClick();
-    } catch (...) {
-      Tell(CurrentFailure().Description);
-    }
+    InTurn([&] { command->OnClick(); });
     running_ = false;
     AskSoon();
   }
@@ -142,19 +157,16 @@ class ToolbarOfQgis : public Toolbar {
       failed = true;
       reason = CurrentFailure().Description;
     }
-    if (failed && !button.told) Tell(reason);
+    if (failed && !button.told) TellFailure(reason);
     button.told = failed || errors.Count() > 0;
     return enabled;
-  }
-
-  void Tell(const Text& reason) {
-    iface_.messageBar()->pushCritical(QStringLiteral("Brelmon Tools"), ToQt(reason));
   }
 
   QgisInterface& iface_;
   host::Component& component_;
   Ref<IApplication> application_;
   QPointer<QToolBar> bar_;
+  QPointer<QMenu> menu_;
   std::vector<Button> buttons_;
   QTimer timer_;
   bool running_ = false;

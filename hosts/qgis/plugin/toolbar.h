@@ -15,7 +15,7 @@ class Component;
 namespace brelmon::qgis {
 
 /// The bar is named "BrelmonTools"; each action bears its command's class name. Commands off the
-/// bar stand in the Plugins menu, under their categories. All go when this object goes.
+/// bar stand below them in the menu "Brelmon Tools", by category. All go when this object goes.
 class Toolbar {
  public:
   virtual ~Toolbar() = default;

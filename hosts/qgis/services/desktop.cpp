@@ -7,6 +7,8 @@
 #include <QMessageBox>
 
 #include "hosts/qgis/qgishost.h"
+#include "hosts/qgis/services/errordialog.h"
+#include "hosts/qgis/userturn.h"
 
 namespace brelmon::qgis {
 namespace {
@@ -38,6 +40,8 @@ QMessageBox::StandardButtons ButtonsOf(int style) {
 class MessageBox : public IMessageBox {
  public:
   int Show(const Text& text, int style, const Text& title) override {
+    TellEndOfTurn();
+    CheckTurn();
     const auto buttons = ButtonsOf(style);
     QMessageBox dialog(IconOf(style), ToQt(title), ToQt(text), buttons, OwnerWindow());
     dialog.setObjectName(QStringLiteral("BrelmonMessageBox"));
@@ -69,14 +73,16 @@ class ScreenPointer : public IScreen {
   void SetMousePointer(Pointer pointer) override {
     if (pointer != Pointer::Hourglass) return Restore();
     QApplication::setOverrideCursor(Qt::WaitCursor);
-    ++ours_;
+    ++*ours_;
+    AtEndOfTurn([ours = ours_, before = *ours_ - 1] { RestoreTo(before, *ours); });
   }
 
  private:
-  void Restore() {
-    for (; ours_ > 0; --ours_) QApplication::restoreOverrideCursor();
+  void Restore() { RestoreTo(0, *ours_); }
+  static void RestoreTo(int count, int& ours) {
+    for (; ours > count; --ours) QApplication::restoreOverrideCursor();
   }
-  int ours_ = 0;
+  std::shared_ptr<int> ours_ = std::make_shared<int>(0);
 };
 
 class Clipboard : public IClipboard {

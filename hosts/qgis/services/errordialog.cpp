@@ -2,6 +2,9 @@
 // The error dialog: one window to the end of the process.
 #include "hosts/qgis/services/errordialog.h"
 
+#include <qgisinterface.h>
+#include <qgsmessagebar.h>
+
 #include <QApplication>
 #include <QDialog>
 #include <QDialogButtonBox>
@@ -11,6 +14,7 @@
 #include <QVBoxLayout>
 
 #include "hosts/qgis/qgishost.h"
+#include "hosts/qgis/userturn.h"
 
 namespace brelmon::qgis {
 namespace {
@@ -28,6 +32,8 @@ struct Window {
 Window window;
 bool quietNow = false;
 int timesAsked = 0;
+int clickShown = 0;    // the click that the dialog's text belongs to
+bool endTold = false;  // of the turn that was ended last
 
 Window& TheWindow() {
   if (window.dialog) return window;
@@ -39,7 +45,6 @@ Window& TheWindow() {
   text->setObjectName(QStringLiteral("txtTrail"));
   text->setReadOnly(true);
   text->setTabChangesFocus(true);
-  text->setLineWrapMode(QPlainTextEdit::NoWrap);
   text->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
   text->setAccessibleName(QStringLiteral("What failed, and where"));
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, dialog);
@@ -57,19 +62,33 @@ Window& TheWindow() {
   return window;
 }
 
+/// Below what the same click has told before, as long as that can still be read.
+void ShowInDialog(const QString& what) {
+  const auto [dialog, text] = TheWindow();
+  const bool more = dialog->isVisible() && CurrentClick() != 0 && CurrentClick() == clickShown;
+  clickShown = CurrentClick();
+  if (more) {
+    text->appendPlainText(QString(40, QLatin1Char('-')) + QLatin1Char('\n') + what);
+  } else {
+    text->setPlainText(what);
+  }
+  text->moveCursor(QTextCursor::Start);
+  FloatAbove(dialog);
+  BringUp(*dialog);
+}
+
 class ErrorDialog : public virtual IErrorDialog {
  public:
-  void SetText(const Text& text) override { TheWindow().text->setPlainText(ToQt(text)); }
+  void SetText(const Text& text) override { text_ = ToQt(text); }
   void SetVisible(bool visible) override {
-    QDialog& dialog = *TheWindow().dialog;
-    if (!visible) return dialog.hide();
+    if (!visible) return TheWindow().dialog->hide();
     ++timesAsked;
-    if (quietNow) return;
-    FloatAbove(&dialog);
-    dialog.show();
-    dialog.raise();
-    dialog.activateWindow();
+    if (TellEndOfTurn() || quietNow) return;
+    ShowInDialog(text_);
   }
+
+ private:
+  QString text_;
 };
 
 }  // namespace
@@ -83,6 +102,29 @@ QuietErrors::QuietErrors(bool quiet) : before_(quietNow), countBefore_(timesAske
 QuietErrors::~QuietErrors() { quietNow = before_; }
 
 int QuietErrors::Count() const { return timesAsked - countBefore_; }
+
+bool TellEndOfTurn() {
+  const Text* reason = EndOfTurn();
+  if (!reason || endTold) return reason != nullptr;
+  endTold = true;
+  AtEndOfTurn([] { endTold = false; });
+  if (!reason->empty()) ShowInDialog(ToQt(*reason));
+  return true;
+}
+
+void TellFailure(const Text& reason) {
+  if (TellEndOfTurn()) return;
+  Iface().messageBar()->pushCritical(QStringLiteral("Brelmon Tools"), ToQt(reason));
+}
+
+void InTurn(const std::function<void()>& deed) {
+  const UserTurn turn;
+  try {
+    deed();
+  } catch (...) {
+    TellFailure(CurrentFailure().Description);
+  }
+}
 
 bool ErrorDialogIsOpen() { return window.dialog && window.dialog->isVisible(); }
 

@@ -24,6 +24,14 @@ class QuietErrors {
   int countBefore_;
 };
 
+/// Tells why the user's turn was ended, in place of all that failed for it; once. False while the
+/// turn goes on.
+bool TellEndOfTurn();
+/// A failure that no tool has told of: in QGIS's message bar.
+void TellFailure(const Text& reason);
+/// Runs a turn of the user; tells of a failure that comes out of it.
+void InTurn(const std::function<void()>& deed);
+
 bool ErrorDialogIsOpen();
 /// Runs when the user has closed the dialog; unset to be told no more.
 void WhenErrorDialogCloses(std::function<void()> closed);

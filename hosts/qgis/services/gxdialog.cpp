@@ -8,6 +8,7 @@
 #include "hosts/common/paths.h"
 #include "hosts/qgis/qgishost.h"
 #include "hosts/qgis/services/gxlayer.h"
+#include "hosts/qgis/userturn.h"
 
 namespace brelmon::qgis {
 namespace {
@@ -91,15 +92,20 @@ class GxDialog : public virtual IGxDialog {
     return layer.As<IGxObject>(0);
   }
 
+  bool Admits(const QString& suffix) const {
+    return filter_ == GxFilter::All || NameFilter(filter_).contains(QLatin1String("*.") + suffix);
+  }
+
   void SetStart(QFileDialog& dialog) const {
     const auto system = host::Paths().ToSystem(start_);
     if (!system) return;
     const QFileInfo info(QString::fromStdString(*system));
     dialog.setDirectory(info.isDir() ? info.absoluteFilePath() : info.absolutePath());
-    if (info.isFile()) dialog.selectFile(info.fileName());
+    if (info.isFile() && Admits(info.suffix())) dialog.selectFile(info.fileName());
   }
 
   bool Run(QFileDialog& dialog) const {
+    CheckTurn();
     dialog.setObjectName(QStringLiteral("BrelmonGxDialog"));
     // Qt's own takes the button's caption and an owner; the desktop's native ones needn't.
     dialog.setOption(QFileDialog::DontUseNativeDialog);

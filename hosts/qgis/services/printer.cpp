@@ -2,32 +2,79 @@
 // Text on pages, line by line.
 #include "hosts/qgis/services/printer.h"
 
-#include <QFontDatabase>
+#include <QDir>
+#include <QFileDialog>
 #include <QFontMetricsF>
+#include <QMessageBox>
 #include <QPainter>
+#include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
+#include <algorithm>
 
 #include "hosts/qgis/qgishost.h"
+#include "hosts/qgis/userturn.h"
 
 namespace brelmon::qgis {
 namespace {
 
 [[noreturn]] void NoPrinter() { Raise(failure::kPrinter, 0); }
 
+template <class Dialog>
+bool Ask(Dialog& dialog) {
+  dialog.setWindowModality(Qt::WindowModal);
+  PushModalWindow(&dialog);
+  const bool accepted = dialog.exec() == QDialog::Accepted;
+  PopModalWindow(&dialog);
+  return accepted;
+}
+
+[[noreturn]] void Cancelled() { EndTurn(failure::kUserInterrupt, {}); }
+
+std::unique_ptr<QPrinter> PdfFile(const QString& name) {
+  auto file = std::make_unique<QPrinter>(QPrinter::HighResolution);
+  file->setOutputFormat(QPrinter::PdfFormat);
+  file->setOutputFileName(name);
+  return file;
+}
+
+/// Where there is no printer, a file in its place.
+std::unique_ptr<QPrinter> AskForFile() {
+  QMessageBox offer(QMessageBox::Question, QStringLiteral("Brelmon Tools"),
+                    QObject::tr("No printer is set up on this computer. Do you want to save the "
+                                "pages as a PDF file?"),
+                    QMessageBox::Save | QMessageBox::Cancel, OwnerWindow());
+  offer.setObjectName(QStringLiteral("BrelmonPrintToFile"));
+  Ask(offer);
+  if (offer.result() != QMessageBox::Save) Cancelled();
+  QFileDialog dialog(OwnerWindow(), QObject::tr("Save the pages as"), QDir::homePath(),
+                     QObject::tr("PDF files") + QStringLiteral(" (*.pdf)"));
+  dialog.setObjectName(QStringLiteral("BrelmonPrintFile"));
+  dialog.setOption(QFileDialog::DontUseNativeDialog);
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setDefaultSuffix(QStringLiteral("pdf"));
+  dialog.selectFile(QStringLiteral("report.pdf"));
+  if (!Ask(dialog)) Cancelled();
+  return PdfFile(dialog.selectedFiles().value(0));
+}
+
+std::unique_ptr<QPrinter> AskForPrinter() {
+  auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+  QPrintDialog dialog(printer.get(), OwnerWindow());
+  dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize);
+  if (!Ask(dialog)) Cancelled();
+  return printer;
+}
+
 std::unique_ptr<QPrinter> Open() {
-  const bool named = qEnvironmentVariableIsSet("BRELMON_PRINTER");
   const QString name = qEnvironmentVariable("BRELMON_PRINTER");
-  if (name.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive)) {
-    auto file = std::make_unique<QPrinter>(QPrinter::HighResolution);
-    file->setOutputFormat(QPrinter::PdfFormat);
-    file->setOutputFileName(name);
-    return file;
+  if (name.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive)) return PdfFile(name);
+  if (!name.isEmpty()) {
+    const QPrinterInfo info = QPrinterInfo::printerInfo(name);
+    if (info.isNull()) NoPrinter();
+    return std::make_unique<QPrinter>(info, QPrinter::HighResolution);
   }
-  const QPrinterInfo info =
-      named ? QPrinterInfo::printerInfo(name) : QPrinterInfo::defaultPrinter();
-  if (info.isNull()) NoPrinter();
-  return std::make_unique<QPrinter>(info, QPrinter::HighResolution);
+  return QPrinterInfo::availablePrinterNames().isEmpty() ? AskForFile() : AskForPrinter();
 }
 
 class PagePrinter : public IPrinter {
@@ -72,13 +119,17 @@ class PagePrinter : public IPrinter {
     font.setPointSizeF(points_);
     painter_->setFont(font);
     const QFontMetricsF metrics(font, printer_.get());
-    const QRectF page(QPointF(0, 0), printer_->pageRect(QPrinter::DevicePixel).size());
-    if (y_ + metrics.height() > page.height()) {
+    const QSizeF page = printer_->pageRect(QPrinter::DevicePixel).size();
+    constexpr int kWrap = int{Qt::TextWordWrap} | int{Qt::TextWrapAnywhere};
+    const QRectF room(0, 0, page.width(), page.height());
+    const double height =
+        std::max(metrics.lineSpacing(), metrics.boundingRect(room, kWrap, line).height());
+    if (y_ > 0 && y_ + height > page.height()) {
       printer_->newPage();
       y_ = 0;
     }
-    painter_->drawText(QPointF(0, y_ + metrics.ascent()), line);
-    y_ += metrics.lineSpacing();
+    painter_->drawText(room.translated(0, y_), kWrap, line);
+    y_ += height;
   }
 
   std::unique_ptr<QPrinter> printer_;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// The printer: the system's default one, or the PDF file that BRELMON_PRINTER names.
+// The printer that the user chooses, or a PDF file where there is none.
 #pragma once
 
 #include <memory>
@@ -8,7 +8,8 @@
 
 namespace brelmon::qgis {
 
-/// BRELMON_PRINTER is a path that ends in .pdf, or the name of a printer; empty means no printer.
+/// Asks at the first call for a document. BRELMON_PRINTER answers in advance: a path that ends in
+/// .pdf, or the name of a printer.
 std::unique_ptr<IPrinter> NewPrinter();
 
 }  // namespace brelmon::qgis

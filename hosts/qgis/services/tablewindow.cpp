@@ -8,9 +8,12 @@
 #include <QApplication>
 #include <QDialog>
 #include <QPointer>
+#include <QScreen>
+#include <QStyle>
 
 #include "hosts/qgis/data/layerobject.h"
 #include "hosts/qgis/qgishost.h"
+#include "hosts/qgis/userturn.h"
 
 namespace brelmon::qgis {
 namespace {
@@ -23,6 +26,25 @@ QDialog* OpenWindowOf(const QgsVectorLayer& layer) {
       return static_cast<QDialog*>(widget);
   }
   return nullptr;
+}
+
+/// QGIS opens all tables at the same place: each is moved until it lies on no other one.
+void MoveOffOthers(QWidget& table) {
+  if (table.isMaximized() || table.isFullScreen()) return;
+  QVector<QPoint> taken;
+  for (const QWidget* window : QApplication::topLevelWidgets()) {
+    if (window != &table && window->isVisible() && window->inherits("QgsAttributeTableDialog")) {
+      taken << window->pos();
+    }
+  }
+  const int step = QApplication::style()->pixelMetric(QStyle::PM_TitleBarHeight) + 8;
+  const QRect room = table.screen()->availableGeometry();
+  QRect place(table.pos(), table.frameSize());
+  for (int tries = 0; tries < 40 && taken.contains(place.topLeft()); ++tries) {
+    place.translate(step, step);
+    if (!room.contains(place)) place.moveTopLeft(room.topLeft() + QPoint(step * tries / 4, 0));
+  }
+  table.move(place.topLeft());
 }
 
 class TableWindow : public virtual ITableWindow, public virtual ITableWindow2 {
@@ -48,12 +70,13 @@ class TableWindow : public virtual ITableWindow, public virtual ITableWindow2 {
       if (window_) window_->window()->hide();
       return;
     }
-    if (!window_) window_ = Iface().showAttributeTable(&VectorLayerOf(item_));
+    CheckTurn();
+    const bool opens = !window_;
+    if (opens) window_ = Iface().showAttributeTable(&VectorLayerOf(item_));
     if (!window_) Raise(failure::kInvalidCall, u"QGIS did not open the table.", 0);
     QWidget* top = window_->window();
-    top->show();
-    top->raise();
-    top->activateWindow();
+    if (opens) MoveOffOthers(*top);
+    BringUp(*top);
   }
   // QGIS deletes a table window that is closed.
   void Unload() override {

@@ -8,6 +8,7 @@
 
 #include "hosts/qgis/qgishost.h"
 #include "hosts/qgis/view/look.h"
+#include "hosts/qgis/view/pictures.h"
 #include "hosts/qgis/view/views.h"
 
 namespace brelmon::qgis {
@@ -23,7 +24,7 @@ QSize CaptionSize(const QWidget& widget, const Text& caption, int margin) {
 class ButtonView : public ControlView {
  public:
   ButtonView(CommandButton& button, IFormSurface& surface, QWidget* parent)
-      : button_(button), widget_(*new QPushButton(parent)) {
+      : button_(button), surface_(surface), widget_(*new QPushButton(parent)) {
     widget_.setAutoDefault(false);
     QObject::connect(&widget_, &QPushButton::clicked, &widget_,
                      [this, &surface] { surface.Do([this] { button_.UserClick(); }); });
@@ -34,9 +35,15 @@ class ButtonView : public ControlView {
     if (aspects.Has(Aspect::State)) widget_.setDefault(button_.Default());
     if (!aspects.Has(Aspect::Look)) return;
     const brelmon::Picture& picture = button_.Picture();
-    const QPixmap pixmap = picture ? PixmapOf(picture->Bytes) : QPixmap();
-    widget_.setIcon(QIcon(pixmap));
-    if (!pixmap.isNull()) widget_.setIconSize(pixmap.size());
+    widget_.setIcon(picture ? IconOf(*picture) : QIcon());
+    Rescale();
+  }
+  void Rescale() override {
+    const brelmon::Picture& picture = button_.Picture();
+    if (!picture) return;
+    const QSize natural = NaturalSize(*picture);
+    widget_.setIconSize({surface_.Pixels(static_cast<Twips>(natural.width() * kTwipsPerPixel)),
+                         surface_.Pixels(static_cast<Twips>(natural.height() * kTwipsPerPixel))});
   }
   QSize Needed(int) const override {
     return button_.Caption().empty() ? QSize(0, 0)
@@ -45,6 +52,7 @@ class ButtonView : public ControlView {
 
  private:
   CommandButton& button_;
+  IFormSurface& surface_;
   QPushButton& widget_;
 };
 

@@ -8,6 +8,7 @@
 
 #include "hosts/qgis/qgishost.h"
 #include "hosts/qgis/view/look.h"
+#include "hosts/qgis/view/pictures.h"
 #include "hosts/qgis/view/views.h"
 
 namespace brelmon::qgis {
@@ -33,6 +34,13 @@ class ClickableLabel : public QLabel {
     event->setAccepted(move != nullptr);
     if (move) move();
   }
+  void paintEvent(QPaintEvent* event) override {
+    QLabel::paintEvent(event);
+    if (!hasFocus()) return;
+    QPainter painter(this);
+    painter.setPen(palette().color(QPalette::Highlight));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+  }
   void keyPressEvent(QKeyEvent* event) override {
     if (event->key() == Qt::Key_Space && click && focusPolicy() != Qt::NoFocus) return click();
     QLabel::keyPressEvent(event);
@@ -51,6 +59,7 @@ class LabelView : public ControlView {
     widget_.setTextFormat(Qt::PlainText);
     widget_.setMouseTracking(true);
     if (label.Click) {
+      widget_.setFocusPolicy(Qt::StrongFocus);
       widget_.click = [this, &surface] { surface.Do([this] { label_.UserClick(); }); };
     }
     if (label.MouseMove) {
@@ -78,7 +87,7 @@ class LabelView : public ControlView {
 class PictureView : public ControlView {
  public:
   PictureView(PictureBox& picture, IFormSurface& surface, QWidget* parent)
-      : picture_(picture), widget_(*new ClickableLabel(parent)) {
+      : picture_(picture), surface_(surface), widget_(*new ClickableLabel(parent)) {
     if (!picture.Click) return;
     widget_.setFocusPolicy(Qt::StrongFocus);
     widget_.click = [this, &surface] { surface.Do([this] { picture_.UserClick(); }); };
@@ -86,13 +95,28 @@ class PictureView : public ControlView {
   QWidget& Widget() override { return widget_; }
   void Update(const Aspects& aspects) override {
     if (!aspects.Has(Aspect::Look)) return;
+    if (const brelmon::Picture& picture = picture_.Picture()) {
+      widget_.setAccessibleDescription(ToQt(picture->Description));
+    }
+    Rescale();
+  }
+  void Rescale() override {
     const brelmon::Picture& picture = picture_.Picture();
-    widget_.setPixmap(picture ? PixmapOf(picture->Bytes) : QPixmap());
-    if (picture) widget_.setAccessibleDescription(ToQt(picture->Description));
+    if (!picture) return widget_.setPixmap(QPixmap());
+    const QSize natural = NaturalSize(*picture);
+    const auto pixels = [this](int length) {
+      return surface_.Pixels(static_cast<Twips>(length * kTwipsPerPixel));
+    };
+    const double ratio = widget_.devicePixelRatioF();
+    QPixmap pixmap =
+        PixmapOf(*picture, QSize(pixels(natural.width()), pixels(natural.height())) * ratio);
+    pixmap.setDevicePixelRatio(ratio);
+    widget_.setPixmap(pixmap);
   }
 
  private:
   PictureBox& picture_;
+  IFormSurface& surface_;
   ClickableLabel& widget_;
 };
 

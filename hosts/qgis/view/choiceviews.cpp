@@ -8,6 +8,7 @@
 
 #include "hosts/qgis/qgishost.h"
 #include "hosts/qgis/view/look.h"
+#include "hosts/qgis/view/pictures.h"
 #include "hosts/qgis/view/views.h"
 
 namespace brelmon::qgis {
@@ -88,6 +89,10 @@ class TreeWidgetView : public ControlView {
                      [this](QTreeWidgetItem* item) { Expand(*item, false); });
   }
   QWidget& Widget() override { return widget_; }
+  void Rescale() override {
+    const int side = surface_.Pixels(16 * kTwipsPerPixel);
+    widget_.setIconSize({side, side});
+  }
   // Nodes that the control drops are let go of at once.
   bool Urgent(Aspect aspect) const override { return aspect == Aspect::Items && Stale(); }
   void Update(const Aspects& aspects) override {
@@ -128,7 +133,7 @@ class TreeWidgetView : public ControlView {
     if (!images || number < 1 || number > images->Count()) return {};
     auto& icon = icons_[number];
     const Picture& picture = images->Item(number);
-    if (icon.isNull() && picture) icon = IconOf(picture->Bytes);
+    if (icon.isNull() && picture) icon = IconOf(*picture);
     return icon;
   }
   void Click(QTreeWidgetItem& item) {

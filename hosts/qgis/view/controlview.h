@@ -44,6 +44,8 @@ class ControlView {
   virtual QWidget& Widget() = 0;
   /// Reads the control anew; raises no event of the control.
   virtual void Update(const Aspects& aspects) = 0;
+  /// Twips have become other pixels.
+  virtual void Rescale() {}
   /// Aspects that can't wait for the end of the turn.
   virtual bool Urgent(Aspect) const { return false; }
   /// The smallest size in pixels that shows all of the caption at `width` pixels; (0, 0) for a

@@ -8,6 +8,7 @@
 #include <QEventLoop>
 
 #include "hosts/qgis/qgishost.h"
+#include "hosts/qgis/userturn.h"
 #include "hosts/qgis/view/formview.h"
 #include "hosts/qgis/view/formwindow.h"
 
@@ -19,12 +20,13 @@ class FormDialog : public QDialog {
   explicit FormDialog(Form& form)
       : QDialog(OwnerWindow()),
         form_(form),
+        area_(new FormArea(*this, form)),
         view_(new FormView(
-            form, this, [this] { Fit(); }, [this] { loop_.quit(); })) {
+            form, this, [this] { area_->Fit(); }, [this] { loop_.quit(); })) {
     setObjectName(ToQt(form.Name()));
     setWindowModality(Qt::WindowModal);
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
-    Fit();
+    area_->Hold(*view_);
   }
 
   void Run() {
@@ -43,10 +45,7 @@ class FormDialog : public QDialog {
     event->ignore();
     view_->Do([this] { form_.UserClose(); });
   }
-  void resizeEvent(QResizeEvent*) override {
-    view_->resize(size());
-    if (isVisible()) view_->UserResize(size());
-  }
+  void resizeEvent(QResizeEvent*) override { area_->WindowResized(size()); }
   void changeEvent(QEvent* event) override {
     QDialog::changeEvent(event);
     if (event->type() != QEvent::ActivationChange || !isActiveWindow()) return;
@@ -57,19 +56,17 @@ class FormDialog : public QDialog {
   void reject() override { close(); }
 
  private:
-  void Fit() {
-    if (view_) FitWindow(*this, *view_, form_);
-  }
-
   Form& form_;
   QEventLoop loop_;
-  FormView* view_ = nullptr;
+  FormArea* area_;
+  FormView* view_;
   bool activated_ = false;
 };
 
 class FormHostOfQgis : public IFormHost {
  public:
   void ShowModal(Form& form) override {
+    CheckTurn();
     // Deleted in a later turn: an event of the dialog may be what ends it.
     const auto later = [](FormDialog* dialog) { dialog->deleteLater(); };
     const std::unique_ptr<FormDialog, decltype(later)> dialog(new FormDialog(form), later);

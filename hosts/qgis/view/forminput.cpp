@@ -2,13 +2,27 @@
 // What a user does to a form itself: keys, the focus, clicks on its ground.
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QScrollArea>
 
 #include "hosts/qgis/view/formview.h"
 
 namespace brelmon::qgis {
 
+namespace {
+
+/// Scrolls to where the user works.
+void ShowInArea(QWidget& widget) {
+  for (QWidget* at = widget.parentWidget(); at; at = at->parentWidget()) {
+    auto* area = qobject_cast<QScrollArea*>(at);
+    if (area && area->widget()) return area->ensureWidgetVisible(&widget, 8, 8);
+  }
+}
+
+}  // namespace
+
 bool FormView::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::FocusIn && Open()) {
+    ShowInArea(*static_cast<QWidget*>(watched));
     Control* control = ControlOf(watched);
     if (control && !control->HasFocus() && control->Usable()) {
       Do([control] { control->SetFocus(); });
@@ -41,6 +55,7 @@ bool FormView::focusNextPrevChild(bool next) {
 void FormView::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Escape) {
     Do([this] { form_.UserEscape(); });
+    event->ignore();  // a window without controls closes by it
   } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
     PressEnter();
   } else {
@@ -48,13 +63,17 @@ void FormView::keyPressEvent(QKeyEvent* event) {
   }
 }
 
-// A button that has the focus is clicked by Enter; else the form's default one is.
+// A button or link that has the focus is clicked by Enter; else the form's default button is.
 void FormView::PressEnter() {
   if (!Open()) return;
   Control* focused = form_.Focused();
   Do([this, focused] {
     if (focused && focused->Kind() == ControlKind::CommandButton) {
       static_cast<CommandButton*>(focused)->UserClick();
+    } else if (focused && focused->Kind() == ControlKind::Label) {
+      static_cast<Label*>(focused)->UserClick();
+    } else if (focused && focused->Kind() == ControlKind::PictureBox) {
+      static_cast<PictureBox*>(focused)->UserClick();
     } else {
       form_.UserEnter();
     }
@@ -62,11 +81,13 @@ void FormView::PressEnter() {
 }
 
 void FormView::mousePressEvent(QMouseEvent* event) {
-  if (event->button() == Qt::LeftButton) Do([this] { form_.UserClick(); });
+  // What a control has let pass was meant for the control.
+  if (event->button() != Qt::LeftButton || childAt(event->pos())) return;
+  Do([this] { form_.UserClick(); });
 }
 
-void FormView::mouseMoveEvent(QMouseEvent*) {
-  Do([this] { form_.UserMouseMove(); });
+void FormView::mouseMoveEvent(QMouseEvent* event) {
+  if (!childAt(event->pos())) Do([this] { form_.UserMouseMove(); });
 }
 
 }  // namespace brelmon::qgis

@@ -52,7 +52,10 @@ void FormView::Place(Shown& shown) {
 }
 
 void FormView::PlaceAll() {
-  for (Shown& shown : shown_) Place(shown);
+  for (Shown& shown : shown_) {
+    Place(shown);
+    shown.view->Rescale();
+  }
 }
 
 void FormView::UserResize(const QSize& size) {

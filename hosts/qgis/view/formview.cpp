@@ -2,15 +2,13 @@
 // Building a form's widgets and keeping them up to date.
 #include "hosts/qgis/view/formview.h"
 
-#include <qgisinterface.h>
-#include <qgsmessagebar.h>
-
 #include <QKeyEvent>
 #include <QLabel>
 #include <algorithm>
 #include <cmath>
 
 #include "hosts/qgis/qgishost.h"
+#include "hosts/qgis/services/errordialog.h"
 #include "hosts/qgis/view/look.h"
 
 namespace brelmon::qgis {
@@ -46,12 +44,7 @@ bool FormView::Open() const { return !closed_ && (!managed_ || !keep_.expired())
 void FormView::Do(const std::function<void()>& deed) {
   if (!Open()) return;
   const auto alive = keep_.lock();
-  try {
-    deed();
-  } catch (...) {
-    Iface().messageBar()->pushCritical(QStringLiteral("Brelmon Tools"),
-                                       ToQt(CurrentFailure().Description));
-  }
+  InTurn(deed);
 }
 
 void FormView::Build() {

@@ -2,7 +2,7 @@
 // What all windows that hold a form have in common.
 #pragma once
 
-class QWidget;
+#include <QScrollArea>
 
 namespace brelmon {
 class Form;
@@ -12,7 +12,22 @@ namespace brelmon::qgis {
 
 class FormView;
 
-/// Gives the window the form's caption, size and kind of border.
-void FitWindow(QWidget& window, FormView& view, Form& form);
+/// All of a window that holds a form. Where the screen is too small for the form it scrolls.
+class FormArea : public QScrollArea {
+ public:
+  FormArea(QWidget& window, Form& form);
+  /// Takes the form's view, once.
+  void Hold(FormView& view);
+  /// Gives the window the form's caption, size and kind of border.
+  void Fit();
+  /// To be called when the window has another size.
+  void WindowResized(const QSize& size);
+
+ private:
+  Form& form_;
+  FormView* view_ = nullptr;
+  bool scrolls_ = false;
+  QSize smallest_;
+};
 
 }  // namespace brelmon::qgis

@@ -44,6 +44,12 @@ class ListWidget : public QListView {
     setEditTriggers(NoEditTriggers);
     setMouseTracking(false);
   }
+  void selectAll() override {
+    const int last = model()->rowCount() - 1;
+    if (last < 0 || !Extended()) return;
+    Click(0, Qt::NoModifier);
+    Click(last, Qt::ShiftModifier);
+  }
 
  protected:
   void mousePressEvent(QMouseEvent* event) override {
@@ -62,6 +68,7 @@ class ListWidget : public QListView {
     surface_.Do([&] { list_.UserDoubleClick(row); });
   }
   void keyPressEvent(QKeyEvent* event) override {
+    if (event->matches(QKeySequence::SelectAll)) return selectAll();
     const int last = model()->rowCount() - 1;
     const int row = RowFor(event->key(), last);
     if (row >= 0 && last >= 0) {
@@ -74,6 +81,11 @@ class ListWidget : public QListView {
     } else {
       QListView::keyPressEvent(event);  // searches for what is typed
     }
+  }
+  // What Qt would select by itself, nobody would hear of.
+  QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex&,
+                                                       const QEvent*) const override {
+    return QItemSelectionModel::NoUpdate;
   }
   // Coming by alone puts no row in front.
   void focusInEvent(QFocusEvent* event) override {

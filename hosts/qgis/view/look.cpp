@@ -2,92 +2,100 @@
 // The looks of controls in Qt's terms.
 #include "hosts/qgis/view/look.h"
 
-#include <QBitmap>
-#include <QBuffer>
+#include <qgisinterface.h>
+
+#include <QApplication>
+#include <QDialog>
 #include <QFontDatabase>
-#include <QImage>
-#include <QImageReader>
 #include <QPalette>
 #include <QWidget>
+#include <algorithm>
 
 #include "hosts/qgis/qgishost.h"
+#include "hosts/qgis/view/pictures.h"
 
 namespace brelmon::qgis {
 namespace {
-
-constexpr QRgb kKeyColour = 0xFFFF00FF;
 
 QColor ColourOf(Colour colour) {
   return QColor(colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF);
 }
 
-QImage ImageOf(const std::string& bitmapFile) {
-  QImage image;
-  image.loadFromData(reinterpret_cast<const uchar*>(bitmapFile.data()),
-                     static_cast<int>(bitmapFile.size()), "BMP");
-  if (image.isNull()) return image;
-  image = image.convertToFormat(QImage::Format_ARGB32);
-  for (int y = 0; y < image.height(); ++y) {
-    auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
-    for (int x = 0; x < image.width(); ++x) {
-      if ((line[x] | 0xFF000000) == kKeyColour) line[x] = 0;
+/// The same hue, light enough to be read on a dark ground.
+QColor ReadableOn(const QColor& ground, const QColor& colour) {
+  if (!IsDark(ground) || colour.lightness() > 160) return colour;
+  return QColor::fromHsl(std::max(0, colour.hslHue()), colour.hslSaturation(), 180);
+}
+
+struct Colours {
+  QColor fore, back;  // invalid: the system's
+
+  static Colours Of(Control& control) {
+    Colours colours;
+    if (control.BackColor() != colour::kDefault) colours.back = ColourOf(control.BackColor());
+    const QColor ground = colours.back.isValid() ? colours.back : GroundColour();
+    if (control.ForeColor() != colour::kDefault) {
+      colours.fore = ReadableOn(ground, ColourOf(control.ForeColor()));
+    } else if (colours.back.isValid() && IsDark(GroundColour()) != IsDark(ground)) {
+      colours.fore = IsDark(ground) ? Qt::white : Qt::black;
+    }
+    return colours;
+  }
+};
+
+/// QGIS's own themes are style sheets, which pass by a palette and give labels a margin.
+void SetStyleRules(const Colours& colours, bool caption, QWidget& widget) {
+  QString rules;
+  if (!qApp->styleSheet().isEmpty()) {
+    if (caption) rules += QStringLiteral("padding:0;margin:0;border:0;");
+    if (colours.fore.isValid()) rules += QStringLiteral("color:%1;").arg(colours.fore.name());
+    if (colours.back.isValid()) {
+      rules += QStringLiteral("background-color:%1;").arg(colours.back.name());
     }
   }
-  return image;
+  if (widget.styleSheet() != rules) widget.setStyleSheet(rules);
 }
 
 void SetColours(Control& control, QWidget& widget) {
+  const Colours colours = Colours::Of(control);
   QPalette palette;
-  const Colour fore = control.ForeColor();
-  const Colour back = control.BackColor();
-  if (fore != colour::kDefault) {
+  if (colours.fore.isValid()) {
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-      palette.setColor(role, ColourOf(fore));
+      palette.setColor(role, colours.fore);
     }
   }
-  if (back != colour::kDefault) {
+  if (colours.back.isValid()) {
     for (const auto role : {QPalette::Window, QPalette::Base, QPalette::Button}) {
-      palette.setColor(role, ColourOf(back));
+      palette.setColor(role, colours.back);
     }
   }
   const ControlKind kind = control.Kind();
-  const bool ground =
-      kind == ControlKind::Label || kind == ControlKind::PictureBox || kind == ControlKind::Frame;
-  widget.setAutoFillBackground(ground && back != colour::kDefault);
+  const bool caption = kind == ControlKind::Label || kind == ControlKind::PictureBox;
+  widget.setAutoFillBackground((caption || kind == ControlKind::Frame) && colours.back.isValid());
   widget.setPalette(palette);
+  SetStyleRules(colours, caption, widget);
 }
 
 }  // namespace
 
-QPixmap PixmapOf(const std::string& bitmapFile) { return QPixmap::fromImage(ImageOf(bitmapFile)); }
+// Grounds of middle grey go with dark letters.
+bool IsDark(const QColor& colour) { return colour.lightness() < 100; }
 
-QIcon IconOf(const std::string& bitmapFile) {
-  const QImage image = ImageOf(bitmapFile);
-  QIcon icon;
-  if (image.isNull()) return icon;
-  for (int factor = 1; factor <= 4; ++factor) {
-    icon.addPixmap(QPixmap::fromImage(
-        image.scaled(image.size() * factor, Qt::IgnoreAspectRatio, Qt::FastTransformation)));
-  }
-  return icon;
-}
-
-// A cursor file is an icon file of another type, with a hot spot where that has its colours.
-QCursor CursorOf(const std::string& cursorFile) {
-  constexpr std::size_t kTypeAt = 2, kHotSpotAt = 10, kHeader = 22;
-  if (cursorFile.size() < kHeader) return {};
-  const auto word = [&](std::size_t at) {
-    return static_cast<unsigned char>(cursorFile[at]) |
-           static_cast<unsigned char>(cursorFile[at + 1]) << 8;
-  };
-  const int x = word(kHotSpotAt), y = word(kHotSpotAt + 2);
-  QByteArray bytes(cursorFile.data(), static_cast<int>(cursorFile.size()));
-  bytes[static_cast<int>(kTypeAt)] = 1;
-  for (int i = 0; i < 4; ++i) bytes[static_cast<int>(kHotSpotAt) + i] = 0;
-  QBuffer buffer(&bytes);
-  buffer.open(QIODevice::ReadOnly);
-  const QImage image = QImageReader(&buffer, "ico").read();
-  return image.isNull() ? QCursor() : QCursor(QPixmap::fromImage(image), x, y);
+// The palette says nothing of it where a theme is a style sheet: a dialog is painted and looked at.
+QColor GroundColour() {
+  static QColor ground;
+  static QString sheets;
+  static qint64 palette = 0;
+  QWidget* main = Iface().mainWindow();
+  const QString sheetsNow = qApp->styleSheet() + main->styleSheet();
+  const qint64 paletteNow = QApplication::palette().cacheKey();
+  if (ground.isValid() && sheets == sheetsNow && palette == paletteNow) return ground;
+  sheets = sheetsNow;
+  palette = paletteNow;
+  QDialog probe(main);
+  probe.resize(8, 8);
+  ground = probe.grab().toImage().pixelColor(4, 4);
+  return ground;
 }
 
 QFont FontOf(const Font& font, const QFont& base) {

@@ -5,6 +5,7 @@
 #include <qgisinterface.h>
 
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QPointer>
 #include <optional>
 #include <vector>
@@ -19,14 +20,15 @@ namespace {
 class FrameWindow : public QWidget {
  public:
   FrameWindow(Form& form, std::function<void()> closedByUser, std::function<void()> gone)
-      : QWidget(Iface().mainWindow(), Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+      : QWidget(Iface().mainWindow(), Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                                           Qt::WindowCloseButtonHint | Qt::CustomizeWindowHint),
         form_(form),
         closedByUser_(std::move(closedByUser)),
+        area_(new FormArea(*this, form)),
         view_(new FormView(
             form, this, [this] { Fit(); }, std::move(gone))) {
     setObjectName(ToQt(form.Name()));
-    Fit();
+    area_->Hold(*view_);
   }
   FormView& View() { return *view_; }
   void SetTitle(const Text& caption) {
@@ -39,9 +41,14 @@ class FrameWindow : public QWidget {
     event->ignore();
     closedByUser_();
   }
-  void resizeEvent(QResizeEvent*) override {
-    view_->resize(size());
-    if (isVisible()) view_->UserResize(size());
+  void resizeEvent(QResizeEvent*) override { area_->WindowResized(size()); }
+  // With nothing to work with inside, Escape can only mean the window.
+  void keyPressEvent(QKeyEvent* event) override {
+    if (event->key() == Qt::Key_Escape && !form_.Focused()) {
+      close();
+    } else {
+      QWidget::keyPressEvent(event);
+    }
   }
   void changeEvent(QEvent* event) override {
     QWidget::changeEvent(event);
@@ -52,14 +59,14 @@ class FrameWindow : public QWidget {
 
  private:
   void Fit() {
-    if (!view_) return;
-    FitWindow(*this, *view_, form_);
+    area_->Fit();
     if (!title_.isEmpty()) setWindowTitle(title_);
   }
 
   Form& form_;
   std::function<void()> closedByUser_;
-  FormView* view_ = nullptr;
+  FormArea* area_;
+  FormView* view_;
   QString title_;
 };
 
@@ -101,9 +108,7 @@ class ModelessFrame : public virtual IModelessFrame,
     if (!window_) Open(*form);
     if (place_) window_->move(*place_);
     FloatAbove(window_);
-    window_->show();
-    window_->raise();
-    window_->activateWindow();
+    BringUp(*window_);
     window_->View().ShowFocus();
   }
   std::int32_t Width() override { return Pixels(Measure().width); }

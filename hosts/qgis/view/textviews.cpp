@@ -44,7 +44,7 @@ class LineView : public ControlView {
     const QSignalBlocker silent(widget_);
     if (aspects.Has(Aspect::State)) widget_.setReadOnly(box_.Locked());
     const QString text = ToQt(box_.Text());
-    if (widget_.text() != text) widget_.setText(text);
+    if (widget_.text() != text) Replace(text);
     const int start = box_.SelStart(), length = box_.SelLength();
     if (start == Start() && length == widget_.selectedText().size()) return;
     if (length > 0) {
@@ -57,6 +57,11 @@ class LineView : public ControlView {
   QSize Needed(int) const override { return TextHeight(widget_); }
 
  private:
+  void Replace(const QString& text) {
+    if (widget_.text().isEmpty()) return widget_.setText(text);
+    widget_.selectAll();
+    widget_.insert(text);
+  }
   int Start() const {
     return widget_.hasSelectedText() ? widget_.selectionStart() : widget_.cursorPosition();
   }
@@ -89,7 +94,7 @@ class PageView : public ControlView {
     if (aspects.Has(Aspect::State)) widget_.setReadOnly(box_.Locked());
     const Text text = box_.Text();
     const QString shown = ToQt(text).replace(QLatin1String("\r\n"), QLatin1String("\n"));
-    if (widget_.toPlainText() != shown) widget_.setPlainText(shown);
+    if (widget_.toPlainText() != shown) Replace(shown);
     const int start = WithoutReturns(text, box_.SelStart());
     const int end = WithoutReturns(text, box_.SelStart() + box_.SelLength());
     QTextCursor cursor = widget_.textCursor();
@@ -100,6 +105,13 @@ class PageView : public ControlView {
   }
 
  private:
+  // As an edit, so that the user can undo what a button has put into the text.
+  void Replace(const QString& text) {
+    if (widget_.document()->isEmpty()) return widget_.setPlainText(text);
+    QTextCursor cursor(widget_.document());
+    cursor.select(QTextCursor::Document);
+    cursor.insertText(text);
+  }
   void Tell() {
     surface_.Do([this] {
       const QString shown = widget_.toPlainText();
