@@ -7,7 +7,7 @@
 #include <optional>
 
 #include "hosts/common/hostfailure.h"
-#include "hosts/common/querytokens.h"
+#include "hosts/columns/querytokens.h"
 #include "hosts/common/uniquevalues.h"
 #include "hosts/headless/dbfrows.h"
 
@@ -41,7 +41,7 @@ class Row : public IRowBuffer {
 
 /// Few rows of many are fetched one by one.
 bool IsFew(VectorSource& source, const Text& clause, const RowIds* only) {
-  return only && host::IsBlank(clause) &&
+  return only && columns::IsBlank(clause) &&
          static_cast<GIntBig>(only->size()) * 8 < source.TotalRows();
 }
 

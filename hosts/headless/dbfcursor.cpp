@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "hosts/common/hostfailure.h"
-#include "hosts/common/querytokens.h"
+#include "hosts/columns/querytokens.h"
 #include "hosts/common/uniquevalues.h"
 #include "hosts/headless/dbfrows.h"
 

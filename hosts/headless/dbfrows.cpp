@@ -7,7 +7,7 @@
 #include <algorithm>
 
 #include "hosts/common/hostfailure.h"
-#include "hosts/common/querytokens.h"
+#include "hosts/columns/querytokens.h"
 
 namespace brelmon::headless {
 namespace {
@@ -135,12 +135,12 @@ std::string DbfTable::ToUtf8(std::string_view bytes) const {
 std::unique_ptr<DbfRows> DbfRows::Open(const std::shared_ptr<VectorSource>& source,
                                        const Text& clause) {
   const auto& table = source->PlainTable();
-  const host::ClauseNames names = host::NamesIn(clause);
+  const columns::ClauseNames names = columns::NamesIn(clause);
   if (!table || TestsGeometry(names)) return nullptr;
   std::unique_ptr<DbfRows> rows(new DbfRows);
   rows->table_ = table;
   rows->scan_ = std::make_unique<DbfScan>(table->Layout());
-  if (host::IsBlank(clause)) return rows;
+  if (columns::IsBlank(clause)) return rows;
   rows->gdal_.emplace(source->Open());
   OGRLayer& layer = **rows->gdal_;
   rows->query_ = std::make_unique<OGRFeatureQuery>();

@@ -31,7 +31,7 @@ std::vector<Text> KnownNames(const VectorSource& source) {
 }
 
 /// Fields of the request and of its clause; a field that a clause tests must be read.
-bool IsNeeded(const RowRequest& request, const host::ClauseNames& names, const SourceField& field,
+bool IsNeeded(const RowRequest& request, const columns::ClauseNames& names, const SourceField& field,
               std::int32_t index) {
   return request.allFields ||
          std::find(request.fields.begin(), request.fields.end(), index) != request.fields.end() ||
@@ -41,7 +41,7 @@ bool IsNeeded(const RowRequest& request, const host::ClauseNames& names, const S
 
 void IgnoreTheRest(const VectorSource& source, const RowRequest& request, OGRLayer& layer) {
   if (!layer.TestCapability(OLCIgnoreFields)) return;
-  const host::ClauseNames names = host::NamesIn(request.clause);
+  const columns::ClauseNames names = columns::NamesIn(request.clause);
   CPLStringList ignored;
   const OGRFeatureDefn& definition = *layer.GetLayerDefn();
   for (std::size_t i = 0; i < source.Fields().size(); ++i) {
@@ -59,7 +59,7 @@ void IgnoreTheRest(const VectorSource& source, const RowRequest& request, OGRLay
 }
 
 void SetClause(const VectorSource& source, OGRLayer& layer, const Text& clause) {
-  if (host::IsBlank(clause)) return;
+  if (columns::IsBlank(clause)) return;
   CPLErrorReset();
   if (layer.SetAttributeFilter(source.TextForSource(clause).c_str()) != OGRERR_NONE) {
     Refuse(CPLGetLastErrorMsg());
@@ -76,18 +76,18 @@ void TryReading(OGRLayer& layer) {
 
 }  // namespace
 
-bool TestsGeometry(const host::ClauseNames& names) {
+bool TestsGeometry(const columns::ClauseNames& names) {
   return std::any_of(names.fields.begin(), names.fields.end(), [](const Text& name) {
     return FindNoCase(name, u"OGR_GEOM") == 0 || EqualNoCase(name, u"OGR_STYLE");
   });
 }
 
 void TryClause(VectorSource& source, TextView clause) {
-  if (host::IsBlank(clause)) return;
+  if (columns::IsBlank(clause)) return;
   if (clause.find(u'\0') != TextView::npos) Refuse("it holds a character that no query can hold");
-  const host::ClauseNames names = host::NamesIn(clause);
+  const columns::ClauseNames names = columns::NamesIn(clause);
   if (!names.fault.empty()) Refuse(names.fault);
-  if (const auto unknown = host::UnknownField(names, KnownNames(source))) {
+  if (const auto unknown = columns::UnknownField(names, KnownNames(source))) {
     Refuse("there is no field \"" + ToUtf8(*unknown) + "\"");
   }
   const VectorSource::Handle rows = source.Open();
@@ -96,8 +96,8 @@ void TryClause(VectorSource& source, TextView clause) {
 }
 
 Text BothClauses(TextView one, TextView other) {
-  if (host::IsBlank(one)) return host::IsBlank(other) ? Text() : Text(other);
-  if (host::IsBlank(other)) return Text(one);
+  if (columns::IsBlank(one)) return columns::IsBlank(other) ? Text() : Text(other);
+  if (columns::IsBlank(other)) return Text(one);
   return u"(" + Text(one) + u") AND (" + Text(other) + u")";
 }
 
@@ -112,11 +112,11 @@ VectorSource::Handle OpenRows(VectorSource& source, const RowRequest& request) {
 
 bool ReadingBroke(const VectorSource& source, const Text& clause) {
   if (CPLGetLastErrorType() < CE_Failure) return false;
-  return host::IsBlank(clause) || source.HasOwnSql() || CPLGetLastErrorNo() == CPLE_FileIO;
+  return columns::IsBlank(clause) || source.HasOwnSql() || CPLGetLastErrorNo() == CPLE_FileIO;
 }
 
 GIntBig CountRows(VectorSource& source, const Text& clause) {
-  if (host::IsBlank(clause)) return source.TotalRows();
+  if (columns::IsBlank(clause)) return source.TotalRows();
   if (auto plain = DbfRows::Open(source.shared_from_this(), clause)) {
     GIntBig count = 0;
     while (plain->Next()) ++count;
@@ -130,7 +130,7 @@ GIntBig CountRows(VectorSource& source, const Text& clause) {
 
 RowIds IdsOfRows(VectorSource& source, const Text& clause, const OGRGeometry* shape, bool justOne) {
   RowIds ids;
-  if (host::IsBlank(clause) && shape == nullptr && !justOne && source.HasDenseIds()) {
+  if (columns::IsBlank(clause) && shape == nullptr && !justOne && source.HasDenseIds()) {
     ids.resize(static_cast<std::size_t>(source.TotalRows()));
     std::iota(ids.begin(), ids.end(), GIntBig{0});
     return ids;

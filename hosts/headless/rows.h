@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "hosts/common/querytokens.h"
+#include "hosts/columns/querytokens.h"
 #include "hosts/headless/vectorsource.h"
 
 namespace brelmon::headless {
@@ -20,7 +20,7 @@ void TryClause(VectorSource& source, TextView clause);
 Text BothClauses(TextView one, TextView other);
 
 /// Whether a clause tests what isn't among the fields and must be read with them.
-bool TestsGeometry(const host::ClauseNames& names);
+bool TestsGeometry(const columns::ClauseNames& names);
 
 /// What to read: rows under a clause that was tried, and of them which fields.
 struct RowRequest {

@@ -144,7 +144,7 @@ class Table : public IHostTable,
   /// A query is tried before it selects: what is read row by row for the count is kept for that.
   GIntBig CountAndKeep(VectorSource& source, const Text& clause) {
     counted_.reset();
-    if (host::IsBlank(clause) || !source.PlainTable()) return CountRows(source, clause);
+    if (columns::IsBlank(clause) || !source.PlainTable()) return CountRows(source, clause);
     counted_.emplace(clause, IdsOfRows(source, clause, nullptr, false));
     return static_cast<GIntBig>(counted_->second.size());
   }

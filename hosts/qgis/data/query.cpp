@@ -6,7 +6,7 @@
 #include <qgsproject.h>
 #include <qgsvectordataprovider.h>
 
-#include "hosts/common/querytokens.h"
+#include "hosts/columns/querytokens.h"
 #include "hosts/qgis/data/fieldtable.h"
 #include "hosts/qgis/data/geometry.h"
 #include "hosts/qgis/qgishost.h"
@@ -17,13 +17,13 @@ namespace {
 [[noreturn]] void Refuse(const Text& reason) { Raise(failure::kRefused, reason, 0); }
 
 void CheckNames(const QgsVectorLayer& layer, const Text& definition) {
-  const host::ClauseNames names = host::NamesIn(definition);
+  const columns::ClauseNames names = columns::NamesIn(definition);
   if (!names.fault.empty()) Refuse(FromUtf8(names.fault));
   std::vector<Text> fields;
   for (const auto& field : layer.fields()) fields.push_back(FromQt(field.name()));
   // OGR offers the record number under this name whatever the source.
   if (layer.providerType() == QLatin1String("ogr")) fields.push_back(u"FID");
-  if (const auto unknown = host::UnknownField(names, fields)) {
+  if (const auto unknown = columns::UnknownField(names, fields)) {
     Refuse(u"There is no field '" + *unknown + u"'.");
   }
 }
@@ -57,7 +57,7 @@ void KeepTouching(QgsVectorLayer& rows, const QgsGeometry& shape, bool justOne,
 std::unique_ptr<QgsVectorLayer> WithDefinition(const QgsVectorLayer& layer,
                                                const Text& definition) {
   if (!layer.isValid()) Refuse(u"The data of the layer can't be reached.");
-  const bool blank = host::IsBlank(definition);
+  const bool blank = columns::IsBlank(definition);
   if (!blank) CheckNames(layer, definition);
   std::unique_ptr<QgsVectorLayer> trial(layer.clone());
   const bool taken = trial->setSubsetString(blank ? QString() : ToQt(definition));
@@ -109,7 +109,7 @@ QgsFeatureIds MatchingIds(QgsVectorLayer& layer, const Ref<IQueryFilter>& filter
 }
 
 Text ClauseOf(const Ref<IQueryFilter>& filter) {
-  return !filter || host::IsBlank(filter->WhereClause) ? Text() : filter->WhereClause;
+  return !filter || columns::IsBlank(filter->WhereClause) ? Text() : filter->WhereClause;
 }
 
 }  // namespace brelmon::qgis

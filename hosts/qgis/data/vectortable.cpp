@@ -3,7 +3,7 @@
 #include "hosts/qgis/data/vectortable.h"
 
 #include "hosts/common/folderworkspace.h"
-#include "hosts/common/querytokens.h"
+#include "hosts/columns/querytokens.h"
 #include "hosts/qgis/data/cursor.h"
 #include "hosts/qgis/data/fieldtable.h"
 #include "hosts/qgis/data/query.h"
@@ -128,7 +128,7 @@ void VectorTable::SetDefinitionExpression(const Text& expression) {
               u"' is being edited: it takes no filter until its edits are saved or dropped.",
           0);
   }
-  const bool blank = host::IsBlank(expression);
+  const bool blank = columns::IsBlank(expression);
   if (!blank) WithDefinition(layer, expression);
   const QgsFeatureIds selected = layer.selectedFeatureIds();
   if (!layer.setSubsetString(blank ? QString() : ToQt(expression))) {

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "hosts/common/querytokens.h"
+#include "hosts/columns/querytokens.h"
 
 #include <gtest/gtest.h>
 
-namespace brelmon::host {
+namespace brelmon::columns {
 namespace {
 
 /// The names with blanks between.
@@ -50,4 +50,4 @@ TEST(QueryTokens, SeeWhatCannotStandByItself) {
 }
 
 }  // namespace
-}  // namespace brelmon::host
+}  // namespace brelmon::columns

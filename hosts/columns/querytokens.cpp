@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // A tokenizer for where-clauses of SQL dialects.
-#include "hosts/common/querytokens.h"
+#include "hosts/columns/querytokens.h"
 
 #include <algorithm>
 #include <array>
 
-namespace brelmon::host {
+namespace brelmon::columns {
 namespace {
 
 /// Words that are part of the language where they stand bare and unfollowed by a parenthesis.
@@ -202,4 +202,4 @@ std::optional<Text> UnknownField(const ClauseNames& names, const std::vector<Tex
 
 bool IsBlank(TextView clause) { return std::all_of(clause.begin(), clause.end(), IsSpace); }
 
-}  // namespace brelmon::host
+}  // namespace brelmon::columns

@@ -9,7 +9,7 @@
 
 #include "platform/text.h"
 
-namespace brelmon::host {
+namespace brelmon::columns {
 
 struct ClauseNames {
   /// Field names in order, as they are spelt between their marks; the last part of a dotted name.
@@ -28,4 +28,4 @@ std::optional<Text> UnknownField(const ClauseNames& names, const std::vector<Tex
 
 bool IsBlank(TextView clause);
 
-}  // namespace brelmon::host
+}  // namespace brelmon::columns
