@@ -20,7 +20,7 @@ enum class Storage : std::uint8_t {
   Real,    // 64 bits
   Moment,  // a date, with or without a time of day
   Text,    // UTF-8
-  Other,   // lists, bytes, times of day: no value that this engine reads
+  Other,   // lists, times of day: texts as the source shows them; bytes: nothing at all
 };
 
 /// A calendar date and a time of day, each part as the source tells it.
@@ -61,8 +61,8 @@ struct Column {
 /// Some rows that follow each other in their source.
 struct Batch {
   std::size_t Rows = 0;
-  std::vector<std::int64_t> Ids;    // one for each row
-  std::vector<Column> Columns;      // by index in the source's fields; empty for those not asked for
+  std::vector<std::int64_t> Ids;  // one for each row
+  std::vector<Column> Columns;    // by index in the source's fields; empty for those not asked for
   std::vector<std::uint32_t> Live;  // the rows that count, ascending: not deleted, not filtered out
 };
 

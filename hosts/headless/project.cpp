@@ -78,10 +78,10 @@ LayerDefinition ReadLayer(const pugi::xml_node& xml) {
   LayerDefinition layer;
   layer.name = xml.child_value("layername");
   layer.type = xml.attribute("type").as_string("vector");
-  layer.provider = xml.child_value("provider");
-  layer.encoding = xml.child("provider").attribute("encoding").as_string();
-  layer.dataSource = xml.child_value("datasource");
-  layer.subset = xml.child_value("subset");
+  layer.data.provider = xml.child_value("provider");
+  layer.data.encoding = xml.child("provider").attribute("encoding").as_string();
+  layer.data.dataSource = xml.child_value("datasource");
+  layer.data.subset = xml.child_value("subset");
   layer.crs = ReferenceSystem(xml.child("srs"));
   layer.hasGeometry = std::string(xml.attribute("geometry").as_string()) != "No geometry";
   for (const pugi::xml_node& alias : xml.child("aliases").children("alias")) {
