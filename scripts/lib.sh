@@ -6,7 +6,7 @@ top=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 build=$top/build/release
 
 build_packages=(cmake ninja-build g++ pkg-config libicu-dev libgdal-dev libpugixml-dev
-  libreadline-dev libcli11-dev)
+  libreadline-dev libcli11-dev nlohmann-json3-dev)
 qgis_packages=(qgis qgis-providers libqgis-dev qtbase5-dev libqt5svg5-dev)
 test_packages=(libgtest-dev python3 xvfb xauth xdotool openbox imagemagick x11-utils)
 

@@ -3,20 +3,17 @@
 #include "hosts/headless/project.h"
 
 #include <cpl_string.h>
-#include <cpl_vsi.h>
 
 #include <algorithm>
 #include <filesystem>
-#include <memory>
 #include <pugixml.hpp>
 #include <stdexcept>
 
 #include "hosts/common/paths.h"
+#include "hosts/headless/projectxml.h"
 
 namespace brelmon::headless {
 namespace {
-
-constexpr std::size_t kLargestFile = std::size_t{1} << 30;
 
 [[noreturn]] void Refuse(const std::string& file, const std::string& reason) {
   throw std::runtime_error(file + ": " + reason);
@@ -33,36 +30,6 @@ bool IsMapDocument(const std::string& name) {
 
 std::string FolderOf(const std::string& file) {
   return std::filesystem::path(file).parent_path().string();
-}
-
-/// The project inside an archive, or the file itself.
-std::string ReadablePath(const std::string& file) {
-  if (!HasExtension(file, ".qgz")) return file;
-  const std::string archive = "/vsizip/{" + file + "}";
-  const CPLStringList names(VSIReadDir(archive.c_str()), TRUE);
-  for (int i = 0; i < names.size(); ++i) {
-    if (HasExtension(names[i], ".qgs")) return archive + "/" + names[i];
-  }
-  Refuse(file, "it can't be opened as an archive, or holds no project file");
-}
-
-std::string ReadWhole(const std::string& file) {
-  GByte* data = nullptr;
-  vsi_l_offset size = 0;
-  if (VSIIngestFile(nullptr, ReadablePath(file).c_str(), &data, &size, kLargestFile) == 0) {
-    Refuse(file, "it can't be read");
-  }
-  const std::unique_ptr<GByte, decltype(&VSIFree)> owner(data, VSIFree);
-  return {reinterpret_cast<const char*>(data), static_cast<std::size_t>(size)};
-}
-
-void ParseXml(const std::string& file, pugi::xml_document& document) {
-  const std::string text = ReadWhole(file);
-  const pugi::xml_parse_result result = document.load_buffer(text.data(), text.size());
-  if (result) return;
-  const auto end = text.begin() + std::min<std::ptrdiff_t>(result.offset, std::ssize(text));
-  const auto line = 1 + std::count(text.begin(), end, '\n');
-  Refuse(file, "line " + std::to_string(line) + ": " + result.description());
 }
 
 std::string ReferenceSystem(const pugi::xml_node& parent) {
@@ -164,11 +131,8 @@ std::string FindMapDocument(const std::string& module) {
 
 Project ReadProject(const std::string& file) {
   pugi::xml_document document;
-  ParseXml(file, document);
+  ReadProjectXml(file, document);
   const pugi::xml_node root = document.document_element();
-  const std::string tag = root.name();
-  if (tag != "qgis" && tag != "qlr") Refuse(file, "it is no QGIS file");
-  if (!root.child("layer-tree-group")) Refuse(file, "it has no layer tree");
   Project project;
   project.file = file;
   project.folder = FolderOf(file);
