@@ -78,7 +78,8 @@ class IVariantArray : public virtual IObject {
 /// An element of a plain array by index from 0; out of bounds fails with 9.
 template <class Array>
 auto& At(Array& array, std::int32_t index, std::int32_t line = __builtin_LINE()) {
-  if (index < 0 || static_cast<std::size_t>(index) >= array.size()) Raise(failure::kSubscript, line);
+  if (index < 0 || static_cast<std::size_t>(index) >= array.size())
+    Raise(failure::kSubscript, line);
   return array[static_cast<std::size_t>(index)];
 }
 

@@ -24,6 +24,7 @@ inline constexpr std::int32_t kFileNotFound = 53;
 inline constexpr std::int32_t kBadFileMode = 54;
 inline constexpr std::int32_t kFileAlreadyOpen = 55;
 inline constexpr std::int32_t kDeviceIo = 57;
+inline constexpr std::int32_t kFileExists = 58;
 inline constexpr std::int32_t kDiskFull = 61;
 inline constexpr std::int32_t kInputPastEnd = 62;
 inline constexpr std::int32_t kPermissionDenied = 70;
@@ -31,8 +32,11 @@ inline constexpr std::int32_t kPathFileAccess = 75;
 inline constexpr std::int32_t kPathNotFound = 76;
 inline constexpr std::int32_t kObjectNotSet = 91;
 inline constexpr std::int32_t kInvalidUseOfNull = 94;
+inline constexpr std::int32_t kNoSuchResource = 326;
 inline constexpr std::int32_t kInvalidPropertyValue = 380;
+inline constexpr std::int32_t kFormAlreadyShown = 400;
 inline constexpr std::int32_t kNoSuchObject = 424;
+inline constexpr std::int32_t kCannotCreateObject = 429;
 inline constexpr std::int32_t kNotSupported = 445;
 inline constexpr std::int32_t kDuplicateKey = 457;
 inline constexpr std::int32_t kPrinter = 482;
@@ -61,7 +65,8 @@ Text DescriptionOf(std::int32_t number);
 /// Raises `number` in the platform's words, with the component's name as source.
 [[noreturn]] void Raise(std::int32_t number, std::int32_t line = __builtin_LINE());
 /// The same with a description of its own.
-[[noreturn]] void Raise(std::int32_t number, Text description, std::int32_t line = __builtin_LINE());
+[[noreturn]] void Raise(std::int32_t number, Text description,
+                        std::int32_t line = __builtin_LINE());
 
 /// The failure that stands for what is being handled; only inside a catch block.
 /// Whatever else C++ can throw is translated (bad_alloc to 7, out_of_range to 9, the rest to 51).

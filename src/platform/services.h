@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// What any procedure may ask of the host: one set for the process, held by the component.
+// What any procedure may ask of the host: one set, which component and host both hold.
 #pragma once
 
 #include <memory>
@@ -167,7 +167,8 @@ struct Services {
   brelmon::Locale locale;
 };
 
-/// Replaces the set of the process. File numbers that are open are forgotten.
+/// Replaces the set of this library or program; whoever loads the component sets its own and the
+/// component's together. File numbers that are open are forgotten.
 void SetServices(Services services);
 const Services& CurrentServices();
 
@@ -189,7 +190,7 @@ IHostObjects& HostObjects();
 IFormHost& FormHost();
 const Locale& CurrentLocale();
 
-/// Swaps the process's set for its own length, for tests.
+/// Swaps the set for its own length.
 class ServicesScope {
  public:
   explicit ServicesScope(Services services) : before_(CurrentServices()) {
