@@ -56,13 +56,17 @@ std::string ReadWhole(const std::string& file) {
   return {reinterpret_cast<const char*>(data), static_cast<std::size_t>(size)};
 }
 
-void ParseXml(const std::string& file, pugi::xml_document& document) {
-  const std::string text = ReadWhole(file);
+int LineAt(const std::string& text, std::ptrdiff_t offset) {
+  const auto end = text.begin() + std::clamp<std::ptrdiff_t>(offset, 0, std::ssize(text));
+  return 1 + static_cast<int>(std::count(text.begin(), end, '\n'));
+}
+
+/// Gives the file's text.
+std::string ParseXml(const std::string& file, pugi::xml_document& document) {
+  std::string text = ReadWhole(file);
   const pugi::xml_parse_result result = document.load_buffer(text.data(), text.size());
-  if (result) return;
-  const auto end = text.begin() + std::min<std::ptrdiff_t>(result.offset, std::ssize(text));
-  const auto line = 1 + std::count(text.begin(), end, '\n');
-  Refuse(file, "line " + std::to_string(line) + ": " + result.description());
+  if (result) return text;
+  Refuse(file, "line " + std::to_string(LineAt(text, result.offset)) + ": " + result.description());
 }
 
 std::string ReferenceSystem(const pugi::xml_node& parent) {
@@ -164,7 +168,7 @@ std::string FindMapDocument(const std::string& module) {
 
 Project ReadProject(const std::string& file) {
   pugi::xml_document document;
-  ParseXml(file, document);
+  const std::string text = ParseXml(file, document);
   const pugi::xml_node root = document.document_element();
   const std::string tag = root.name();
   if (tag != "qgis" && tag != "qlr") Refuse(file, "it is no QGIS file");
@@ -175,7 +179,8 @@ Project ReadProject(const std::string& file) {
   project.root = ReadNode(root.child("layer-tree-group"));
   for (const char* section : {"projectlayers", "maplayers"}) {
     for (const pugi::xml_node& layer : root.child(section).children("maplayer")) {
-      project.layers[layer.child_value("id")] = ReadLayer(layer);
+      LayerDefinition& read = project.layers[layer.child_value("id")] = ReadLayer(layer);
+      read.sourceLine = LineAt(text, layer.child("datasource").offset_debug());
     }
   }
   project.crs = ReferenceSystem(root.child("projectCrs"));
@@ -184,6 +189,26 @@ Project ReadProject(const std::string& file) {
     project.crs = ReferenceSystem(root.child("mapcanvas").child("destinationsrs"));
   }
   return project;
+}
+
+std::string WrittenPath(const LayerDefinition& layer) {
+  const std::string& source = layer.dataSource;
+  if (layer.provider == "delimitedtext") {
+    const std::size_t from = source.starts_with("file:///") ? 7
+                             : source.starts_with("file:")  ? 5
+                                                            : 0;
+    return source.substr(from, source.find('?') - from);
+  }
+  if (layer.provider == "spatialite") {
+    const auto from = source.find("dbname='");
+    return from == source.npos ? ""
+                               : source.substr(from + 8, source.find('\'', from + 8) - from - 8);
+  }
+  const bool files = layer.provider == "ogr" || layer.provider == "gdal" || layer.provider.empty();
+  const std::string path = source.substr(0, source.find('|'));
+  // "NETCDF:..." and "https://..." are names of GDAL's own or of a server, "C:..." is a drive.
+  const auto colon = path.find(':');
+  return !files || path.starts_with("/vsi") || (colon != path.npos && colon > 1) ? "" : path;
 }
 
 std::vector<TreeNode> DataFrames(const Project& project) {
