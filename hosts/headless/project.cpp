@@ -105,7 +105,7 @@ bool IsMarkedAsDataFrame(const pugi::xml_node& group) {
     return std::any_of(
         parent.children(tag).begin(), parent.children(tag).end(), [&](const pugi::xml_node& entry) {
           return std::string(entry.attribute(nameOf).as_string()) == "brelmon/dataFrame" &&
-                 entry.attribute("value").as_bool();
+                 std::string(entry.attribute("value").as_string()) == "true";
         });
   };
   return holds(properties.child("Option"), "Option", "name") ||
