@@ -43,7 +43,7 @@ Overloaded(Cases...) -> Overloaded<Cases...>;
 
 }  // namespace
 
-double Value::ToDouble(std::int32_t line) const {
+double Value::Converted(std::int32_t line) const {
   return Visit<double>(data_, line,
                        Overloaded{
                            [](bool flag) -> double { return Whole(flag); },

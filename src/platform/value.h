@@ -38,7 +38,10 @@ class Value {
 
   /// Conversions of the platform: empty gives 0, false, "" or no object. Null fails with 94,
   /// a text that is no number and every other misfit with 13, a number out of range with 6.
-  double ToDouble(std::int32_t line = __builtin_LINE()) const;
+  double ToDouble(std::int32_t line = __builtin_LINE()) const {
+    const double* const number = If<double>();
+    return number ? *number : Converted(line);
+  }
   std::int32_t ToLong(std::int32_t line = __builtin_LINE()) const;  // ties to even
   Text ToText(std::int32_t line = __builtin_LINE()) const;          // general text
   Date ToDate(std::int32_t line = __builtin_LINE()) const;
@@ -46,6 +49,7 @@ class Value {
   Ref<IObject> ToObject(std::int32_t line = __builtin_LINE()) const;
 
  private:
+  double Converted(std::int32_t line) const;
   std::variant<std::monostate, Null, bool, std::int32_t, double, Date, Text, Ref<IObject>> data_;
 };
 
