@@ -6,7 +6,7 @@
 #include <filesystem>
 
 #include "hosts/common/paths.h"
-#include "hosts/common/querytokens.h"
+#include "hosts/columns/querytokens.h"
 #include "hosts/headless/project.h"
 #include "platform/windows.h"
 
@@ -42,7 +42,7 @@ std::vector<WrittenSource> CheckHost::SourcesIn(const Text& path) {
   for (const auto& [id, layer] : headless::ReadProject(SystemPath(path)).layers) {
     const std::string file = headless::WrittenPath(layer);
     if (file.empty()) continue;
-    sources.push_back({FromUtf8(layer.name), FromUtf8(file), FromUtf8(layer.dataSource),
+    sources.push_back({FromUtf8(layer.name), FromUtf8(file), FromUtf8(layer.data.dataSource),
                        static_cast<std::int32_t>(layer.sourceLine)});
   }
   return sources;
@@ -59,7 +59,7 @@ std::vector<Text> CheckHost::NamesIn(const Text& folder) {
 }
 
 QueryWords CheckHost::WordsOf(const Text& query) {
-  const host::ClauseNames names = host::NamesIn(query);
+  const columns::ClauseNames names = columns::NamesIn(query);
   return {names.fields, FromUtf8(names.fault)};
 }
 

@@ -82,10 +82,10 @@ LayerDefinition ReadLayer(const pugi::xml_node& xml) {
   LayerDefinition layer;
   layer.name = xml.child_value("layername");
   layer.type = xml.attribute("type").as_string("vector");
-  layer.provider = xml.child_value("provider");
-  layer.encoding = xml.child("provider").attribute("encoding").as_string();
-  layer.dataSource = xml.child_value("datasource");
-  layer.subset = xml.child_value("subset");
+  layer.data.provider = xml.child_value("provider");
+  layer.data.encoding = xml.child("provider").attribute("encoding").as_string();
+  layer.data.dataSource = xml.child_value("datasource");
+  layer.data.subset = xml.child_value("subset");
   layer.crs = ReferenceSystem(xml.child("srs"));
   layer.hasGeometry = std::string(xml.attribute("geometry").as_string()) != "No geometry";
   for (const pugi::xml_node& alias : xml.child("aliases").children("alias")) {
@@ -109,7 +109,7 @@ bool IsMarkedAsDataFrame(const pugi::xml_node& group) {
     return std::any_of(
         parent.children(tag).begin(), parent.children(tag).end(), [&](const pugi::xml_node& entry) {
           return std::string(entry.attribute(nameOf).as_string()) == "brelmon/dataFrame" &&
-                 entry.attribute("value").as_bool();
+                 std::string(entry.attribute("value").as_string()) == "true";
         });
   };
   return holds(properties.child("Option"), "Option", "name") ||
@@ -192,19 +192,19 @@ Project ReadProject(const std::string& file) {
 }
 
 std::string WrittenPath(const LayerDefinition& layer) {
-  const std::string& source = layer.dataSource;
-  if (layer.provider == "delimitedtext") {
+  const std::string& source = layer.data.dataSource;
+  if (layer.data.provider == "delimitedtext") {
     const std::size_t from = source.starts_with("file:///") ? 7
                              : source.starts_with("file:")  ? 5
                                                             : 0;
     return source.substr(from, source.find('?') - from);
   }
-  if (layer.provider == "spatialite") {
+  if (layer.data.provider == "spatialite") {
     const auto from = source.find("dbname='");
     return from == source.npos ? ""
                                : source.substr(from + 8, source.find('\'', from + 8) - from - 8);
   }
-  const bool files = layer.provider == "ogr" || layer.provider == "gdal" || layer.provider.empty();
+  const bool files = layer.data.provider == "ogr" || layer.data.provider == "gdal" || layer.data.provider.empty();
   const std::string path = source.substr(0, source.find('|'));
   // "NETCDF:..." and "https://..." are names of GDAL's own or of a server, "C:..." is a drive.
   const auto colon = path.find(':');

@@ -9,17 +9,16 @@
 #include <string>
 #include <vector>
 
+#include "hosts/data/sourceaddress.h"
+
 namespace brelmon::headless {
 
 /// A layer of any kind, as it is written down. All texts are UTF-8.
 struct LayerDefinition {
   std::string name;
-  std::string type;        // "vector", "raster", ...
-  std::string provider;    // "ogr", "delimitedtext", ...
-  std::string dataSource;  // as the provider writes it
-  int sourceLine = 1;      // of it in the file, unpacked
-  std::string subset;      // where it stands apart from the data source
-  std::string encoding;
+  std::string type;  // "vector", "raster", ...
+  data::SourceText data;
+  int sourceLine = 1;  // of the data source in the file, unpacked
   std::string crs;  // an authority's code or a definition; empty where none is told
   bool hasGeometry = true;
   std::map<std::string, std::string> aliases;  // by field name

@@ -44,7 +44,7 @@ Overloaded(Cases...) -> Overloaded<Cases...>;
 
 }  // namespace
 
-double Value::ToDouble(std::int32_t line, const char* file) const {
+double Value::Converted(std::int32_t line, const char* file) const {
   return Visit<double>(
       data_, line, file,
       Overloaded{

@@ -9,7 +9,6 @@
 #include "hosts/common/clock.h"
 #include "hosts/common/registry.h"
 #include "hosts/common/shell.h"
-#include "hosts/common/uniquevalues.h"
 #include "tests/hosts/tempfolder.h"
 
 namespace brelmon::host {
@@ -107,41 +106,6 @@ TEST_F(ShellTest, RunsProgramsOrFails) {
   EXPECT_EQ(number(u"Z:\\bin\\true"), 0);
   EXPECT_EQ(number(u"Z:\\no\\such\\program"), 53);
   EXPECT_EQ(number(Paths().ToWindows(folder.Path("plain.txt"))), 5);
-}
-
-/// Rows of one field from a list of values.
-class ListCursor : public ICursor, public ICursorFields, public IRowBuffer {
- public:
-  explicit ListCursor(std::vector<brelmon::Value> values) : values_(std::move(values)) {}
-  std::int32_t FindField(const Text& name) override { return EqualNoCase(name, u"F") ? 0 : -1; }
-  void ReadOnly(std::int32_t) override {}
-  Ref<IRowBuffer> NextRow() override {
-    if (at_ == values_.size()) return {};
-    ++at_;
-    return Ref<IRowBuffer>(std::shared_ptr<IRowBuffer>(this, [](IRowBuffer*) {}));
-  }
-  brelmon::Value Value(std::int32_t) override { return values_[at_ - 1]; }
-
- private:
-  std::vector<brelmon::Value> values_;
-  std::size_t at_ = 0;
-};
-
-TEST(UniqueValues, EachOnceAndNoNulls) {
-  const auto statistics = NewDataStatistics();
-  statistics->SetField(u"f");
-  statistics->SetCursor(New<ListCursor>(
-      std::vector<Value>{Value(3), Value(Null()), Value(3.0), Value(-0.0), Value(0), Value(u"3"),
-                         Value(Date{3}), Value(Null()), Value(u"3"), Value(u"")}));
-  const Ref<IEnumValue> values = statistics->UniqueValues();
-  EXPECT_EQ(statistics->UniqueValueCount(), 5);
-  std::string seen;
-  for (Value value = values->Next(); !value.IsEmpty(); value = values->Next()) {
-    seen += value.If<Date>() ? "date|" : ToUtf8(value.ToText()) + "|";
-  }
-  EXPECT_EQ(seen, "3|0|3|date||");
-  statistics->SetField(u"G");
-  EXPECT_THROW(statistics->UniqueValueCount(), Failure);
 }
 
 }  // namespace
