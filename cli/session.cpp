@@ -10,6 +10,7 @@
 #include "cli/terminal.h"
 #include "cli/userforms.h"
 #include "frame/commandtable.h"
+#include "frame/guard.h"
 
 namespace brelmon::cli {
 namespace {
@@ -139,9 +140,10 @@ void Session::Work(const Hands& hands, Form& form) {
   Dismiss(form);
 }
 
-int Session::AnswerBox(const Text&, int style, const Text& title) {
+int Session::AnswerBox(const Text& text, int style, const Text& title) {
   if (!IsQuestion(style)) {
-    outcome_.Told.push_back(title);
+    // A failure in a plain box is counted among the trails.
+    if (!text.starts_with(Guard::kPlainBoxLabel)) outcome_.Told.push_back(title);
     return box::kAnswerOk;
   }
   const bool yes = choices_.answer ? *choices_.answer : AtTerminal() && AskYesNo();

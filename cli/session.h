@@ -30,7 +30,7 @@ struct Outcome {
   std::vector<Text> Told;  // titles of the message boxes that asked nothing
   int Accepted = 0;        // questions that were answered Yes or OK
   int Declined = 0;        // questions that were answered No or Cancel
-  int Trails = 0;          // failures told by the error dialog
+  int Trails = 0;          // failures told by the error dialog or in a plain box
   bool Untroubled() const { return Told.empty() && Declined == 0 && Trails == 0; }
 };
 

@@ -36,7 +36,8 @@ int QuietErrors::Count() const { return timesAsked - countBefore_; }
 
 std::string ForStream(TextView text) {
   std::string lines;
-  const std::string utf8 = ToUtf8(text);
+  std::string utf8 = ToUtf8(text);
+  if (utf8.find('\r') == std::string::npos) return utf8;
   for (std::size_t i = 0; i < utf8.size(); ++i) {
     if (utf8[i] != '\r') {
       lines += utf8[i];

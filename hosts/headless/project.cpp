@@ -56,13 +56,17 @@ std::string ReadWhole(const std::string& file) {
   return {reinterpret_cast<const char*>(data), static_cast<std::size_t>(size)};
 }
 
-void ParseXml(const std::string& file, pugi::xml_document& document) {
-  const std::string text = ReadWhole(file);
+int LineAt(const std::string& text, std::ptrdiff_t offset) {
+  const auto end = text.begin() + std::clamp<std::ptrdiff_t>(offset, 0, std::ssize(text));
+  return 1 + static_cast<int>(std::count(text.begin(), end, '\n'));
+}
+
+/// Gives the file's text.
+std::string ParseXml(const std::string& file, pugi::xml_document& document) {
+  std::string text = ReadWhole(file);
   const pugi::xml_parse_result result = document.load_buffer(text.data(), text.size());
-  if (result) return;
-  const auto end = text.begin() + std::min<std::ptrdiff_t>(result.offset, std::ssize(text));
-  const auto line = 1 + std::count(text.begin(), end, '\n');
-  Refuse(file, "line " + std::to_string(line) + ": " + result.description());
+  if (result) return text;
+  Refuse(file, "line " + std::to_string(LineAt(text, result.offset)) + ": " + result.description());
 }
 
 std::string ReferenceSystem(const pugi::xml_node& parent) {
@@ -78,10 +82,10 @@ LayerDefinition ReadLayer(const pugi::xml_node& xml) {
   LayerDefinition layer;
   layer.name = xml.child_value("layername");
   layer.type = xml.attribute("type").as_string("vector");
-  layer.provider = xml.child_value("provider");
-  layer.encoding = xml.child("provider").attribute("encoding").as_string();
-  layer.dataSource = xml.child_value("datasource");
-  layer.subset = xml.child_value("subset");
+  layer.data.provider = xml.child_value("provider");
+  layer.data.encoding = xml.child("provider").attribute("encoding").as_string();
+  layer.data.dataSource = xml.child_value("datasource");
+  layer.data.subset = xml.child_value("subset");
   layer.crs = ReferenceSystem(xml.child("srs"));
   layer.hasGeometry = std::string(xml.attribute("geometry").as_string()) != "No geometry";
   for (const pugi::xml_node& alias : xml.child("aliases").children("alias")) {
@@ -105,7 +109,7 @@ bool IsMarkedAsDataFrame(const pugi::xml_node& group) {
     return std::any_of(
         parent.children(tag).begin(), parent.children(tag).end(), [&](const pugi::xml_node& entry) {
           return std::string(entry.attribute(nameOf).as_string()) == "brelmon/dataFrame" &&
-                 entry.attribute("value").as_bool();
+                 std::string(entry.attribute("value").as_string()) == "true";
         });
   };
   return holds(properties.child("Option"), "Option", "name") ||
@@ -164,7 +168,7 @@ std::string FindMapDocument(const std::string& module) {
 
 Project ReadProject(const std::string& file) {
   pugi::xml_document document;
-  ParseXml(file, document);
+  const std::string text = ParseXml(file, document);
   const pugi::xml_node root = document.document_element();
   const std::string tag = root.name();
   if (tag != "qgis" && tag != "qlr") Refuse(file, "it is no QGIS file");
@@ -175,7 +179,8 @@ Project ReadProject(const std::string& file) {
   project.root = ReadNode(root.child("layer-tree-group"));
   for (const char* section : {"projectlayers", "maplayers"}) {
     for (const pugi::xml_node& layer : root.child(section).children("maplayer")) {
-      project.layers[layer.child_value("id")] = ReadLayer(layer);
+      LayerDefinition& read = project.layers[layer.child_value("id")] = ReadLayer(layer);
+      read.sourceLine = LineAt(text, layer.child("datasource").offset_debug());
     }
   }
   project.crs = ReferenceSystem(root.child("projectCrs"));
@@ -184,6 +189,26 @@ Project ReadProject(const std::string& file) {
     project.crs = ReferenceSystem(root.child("mapcanvas").child("destinationsrs"));
   }
   return project;
+}
+
+std::string WrittenPath(const LayerDefinition& layer) {
+  const std::string& source = layer.data.dataSource;
+  if (layer.data.provider == "delimitedtext") {
+    const std::size_t from = source.starts_with("file:///") ? 7
+                             : source.starts_with("file:")  ? 5
+                                                            : 0;
+    return source.substr(from, source.find('?') - from);
+  }
+  if (layer.data.provider == "spatialite") {
+    const auto from = source.find("dbname='");
+    return from == source.npos ? ""
+                               : source.substr(from + 8, source.find('\'', from + 8) - from - 8);
+  }
+  const bool files = layer.data.provider == "ogr" || layer.data.provider == "gdal" || layer.data.provider.empty();
+  const std::string path = source.substr(0, source.find('|'));
+  // "NETCDF:..." and "https://..." are names of GDAL's own or of a server, "C:..." is a drive.
+  const auto colon = path.find(':');
+  return !files || path.starts_with("/vsi") || (colon != path.npos && colon > 1) ? "" : path;
 }
 
 std::vector<TreeNode> DataFrames(const Project& project) {

@@ -82,7 +82,7 @@ class IServiceSink {
   virtual void Attach(const Services& services, const Text& libraryPath) = 0;
   /// Lets go of the services and of everything kept for the process.
   virtual void Detach() = 0;
-  /// The bytes of a picture handle: a bitmap file of 24 bits, or a cursor file. Empty if unknown.
+  /// The bytes of a picture handle: a bitmap file of 24 bits. Empty if unknown.
   virtual std::string PictureBytes(std::int32_t handle) = 0;
 };
 

@@ -92,6 +92,9 @@ class IByteStream {
   virtual std::string Read(std::size_t size) = 0;
   /// Fails with 61 on a full disk, else 57.
   virtual void Write(const std::string& bytes) = 0;
+  /// Ends the stream; fails as Write where what was written did not reach the file. One that is
+  /// destroyed without it keeps a failure to itself.
+  virtual void Close() = 0;
 };
 
 enum class FileMode { Input, Output, Append };
@@ -127,7 +130,8 @@ class IShell {
  public:
   virtual ~IShell() = default;
   /// ShellExecuteA: the default program for a file or web address; its result is of no interest.
-  /// Nothing of `file` is ever interpreted as a command.
+  /// What a host won't open fails with its reason. Nothing of `file` is ever interpreted as a
+  /// command.
   virtual void Execute(const Text& file, const Text& directory, int showMode) = 0;
   /// Runs a program in a normal window; fails with 5 or 53 where it can't.
   virtual void Run(const Text& program) = 0;
