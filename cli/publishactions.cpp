@@ -7,7 +7,7 @@
 #include <iostream>
 
 #include "cli/actions.h"
-#include "cli/library.h"
+#include "cli/pagefolder.h"
 #include "hosts/publish/publish.h"
 
 namespace brelmon::cli {

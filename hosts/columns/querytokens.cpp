@@ -9,14 +9,37 @@ namespace brelmon::columns {
 namespace {
 
 /// Words that are part of the language where they stand bare and unfollowed by a parenthesis.
-constexpr std::array<TextView, 41> kKeywords = {
-    u"all",    u"and",      u"any",     u"as",           u"asc",          u"between",
-    u"case",   u"cast",     u"collate", u"current_date", u"current_time", u"current_timestamp",
-    u"desc",   u"distinct", u"else",    u"end",          u"escape",       u"exists",
-    u"false",  u"filter",   u"from",    u"glob",         u"ilike",        u"in",
-    u"is",     u"isnull",   u"like",    u"limit",        u"match",        u"mod",
-    u"not",    u"notnull",  u"null",    u"nulls",        u"or",           u"over",
-    u"regexp", u"similar",  u"then",    u"true",         u"when"};
+constexpr auto kKeywords = std::to_array<TextView>(
+    {u"all",    u"and",      u"any",     u"as",           u"asc",          u"between",
+     u"case",   u"cast",     u"collate", u"current_date", u"current_time", u"current_timestamp",
+     u"desc",   u"distinct", u"else",    u"end",          u"escape",       u"exists",
+     u"false",  u"filter",   u"from",    u"glob",         u"ilike",        u"in",
+     u"is",     u"isnull",   u"like",    u"limit",        u"match",        u"mod",
+     u"not",    u"notnull",  u"null",    u"nulls",        u"or",           u"over",
+     u"regexp", u"similar",  u"then",    u"true",         u"when"});
+
+/// Words that go on behind a condition, so that a count and a selection would differ.
+constexpr auto kBehind =
+    std::to_array<TextView>({u"limit", u"offset", u"union", u"intersect", u"except", u"having",
+                             u"window", u"returning", u"into"});
+
+/// What a clause may call: functions that look at their arguments and at nothing else. No source is
+/// asked to evaluate any other.
+constexpr auto kFunctions = std::to_array<TextView>(
+    {u"abs",      u"avg",          u"ceil",       u"ceiling",    u"char_length",
+     u"coalesce", u"concat",       u"count",      u"date",       u"date_part",
+     u"datetime", u"extract",      u"floor",      u"format",     u"glob",
+     u"greatest", u"hex",          u"ifnull",     u"iif",        u"initcap",
+     u"instr",    u"julianday",    u"least",      u"left",       u"length",
+     u"like",     u"ln",           u"log",        u"lower",      u"lpad",
+     u"ltrim",    u"max",          u"min",        u"mod",        u"now",
+     u"nullif",   u"octet_length", u"position",   u"power",      u"printf",
+     u"quote",    u"replace",      u"right",      u"round",      u"rpad",
+     u"rtrim",    u"sign",         u"split_part", u"sqrt",       u"strftime",
+     u"strpos",   u"substr",       u"substring",  u"sum",        u"time",
+     u"to_char",  u"to_date",      u"to_number",  u"total",      u"trim",
+     u"trunc",    u"typeof",       u"unicode",    u"unixepoch",  u"upper",
+     u"exp",      u"st_area",      u"st_length",  u"st_isempty", u"st_geometrytype"});
 
 enum class Kind { End, Word, QuotedName, String, Number, Open, Close, Dot, Semicolon, Other };
 
@@ -123,9 +146,30 @@ class Tokenizer {
   std::string fault_;
 };
 
-bool IsKeyword(TextView word) {
-  return std::any_of(kKeywords.begin(), kKeywords.end(),
-                     [&](TextView keyword) { return EqualNoCase(keyword, word); });
+template <class List>
+bool IsAmong(const List& list, TextView word) {
+  return std::any_of(list.begin(), list.end(),
+                     [&](TextView one) { return EqualNoCase(one, word); });
+}
+
+bool IsKeyword(TextView word) { return IsAmong(kKeywords, word); }
+
+/// Why the word can't stand where it does; empty where it can.
+std::string FaultOf(const Token& token, const Token& next) {
+  if (token.kind != Kind::Word && token.kind != Kind::QuotedName) return {};
+  const bool by = next.kind == Kind::Word && EqualNoCase(next.text, u"by") &&
+                  (EqualNoCase(token.text, u"order") || EqualNoCase(token.text, u"group"));
+  if (token.kind == Kind::Word && (by || IsAmong(kBehind, token.text))) {
+    return "it goes on behind its condition, with " + ToUtf8(token.text);
+  }
+  const bool calls = next.kind == Kind::Open &&
+                     (token.kind == Kind::QuotedName || !IsKeyword(token.text)) &&
+                     !EqualNoCase(token.text, u"select") && !EqualNoCase(token.text, u"where") &&
+                     !EqualNoCase(token.text, u"on");
+  if (calls && !IsAmong(kFunctions, token.text)) {
+    return "the function " + ToUtf8(token.text) + " is none that a query may call";
+  }
+  return {};
 }
 
 /// Whether the token before says that a word names a type or an order, not a field.
@@ -177,6 +221,9 @@ ClauseNames NamesIn(TextView clause) {
     const Token& next = tokens[i + 1];
     nesting.Take(token, next);
     if (token.kind == Kind::Semicolon) names.fault = "it holds more than one statement";
+    if (names.fault.empty() && !nesting.InSelect()) names.fault = FaultOf(token, next);
+    // A nested SELECT may order and limit; what it calls is looked at all the same.
+    if (names.fault.empty() && next.kind == Kind::Open) names.fault = FaultOf(token, next);
     const bool name = token.kind == Kind::QuotedName || token.kind == Kind::Word;
     // What a dot follows is a table; what a parenthesis follows is a function.
     if (!name || nesting.InSelect() || next.kind == Kind::Dot) continue;

@@ -15,7 +15,8 @@ struct ClauseNames {
   /// Field names in order, as they are spelt between their marks; the last part of a dotted name.
   std::vector<Text> fields;
   /// Why the clause can't stand by itself: an open quote, parentheses that don't pair, a second
-  /// statement. Empty where nothing is wrong.
+  /// statement, a function that isn't known to look at its arguments alone, LIMIT and what else
+  /// goes on behind a condition. Empty where nothing is wrong.
   std::string fault;
 };
 

@@ -32,6 +32,11 @@ std::string FolderOf(const std::string& file) {
   return std::filesystem::path(file).parent_path().string();
 }
 
+int LineAt(const std::string& text, std::ptrdiff_t offset) {
+  const auto end = text.begin() + std::clamp<std::ptrdiff_t>(offset, 0, std::ssize(text));
+  return 1 + static_cast<int>(std::count(text.begin(), end, '\n'));
+}
+
 std::string ReferenceSystem(const pugi::xml_node& parent) {
   const pugi::xml_node system = parent.child("spatialrefsys");
   const std::string authority = system.child_value("authid");
@@ -72,7 +77,7 @@ bool IsMarkedAsDataFrame(const pugi::xml_node& group) {
     return std::any_of(
         parent.children(tag).begin(), parent.children(tag).end(), [&](const pugi::xml_node& entry) {
           return std::string(entry.attribute(nameOf).as_string()) == "brelmon/dataFrame" &&
-                 entry.attribute("value").as_bool();
+                 std::string(entry.attribute("value").as_string()) == "true";
         });
   };
   return holds(properties.child("Option"), "Option", "name") ||
@@ -131,7 +136,7 @@ std::string FindMapDocument(const std::string& module) {
 
 Project ReadProject(const std::string& file) {
   pugi::xml_document document;
-  ReadProjectXml(file, document);
+  const std::string text = ReadProjectXml(file, document);
   const pugi::xml_node root = document.document_element();
   Project project;
   project.file = file;
@@ -139,7 +144,8 @@ Project ReadProject(const std::string& file) {
   project.root = ReadNode(root.child("layer-tree-group"));
   for (const char* section : {"projectlayers", "maplayers"}) {
     for (const pugi::xml_node& layer : root.child(section).children("maplayer")) {
-      project.layers[layer.child_value("id")] = ReadLayer(layer);
+      LayerDefinition& read = project.layers[layer.child_value("id")] = ReadLayer(layer);
+      read.sourceLine = LineAt(text, layer.child("datasource").offset_debug());
     }
   }
   project.crs = ReferenceSystem(root.child("projectCrs"));
@@ -148,6 +154,26 @@ Project ReadProject(const std::string& file) {
     project.crs = ReferenceSystem(root.child("mapcanvas").child("destinationsrs"));
   }
   return project;
+}
+
+std::string WrittenPath(const LayerDefinition& layer) {
+  const std::string& source = layer.data.dataSource;
+  if (layer.data.provider == "delimitedtext") {
+    const std::size_t from = source.starts_with("file:///") ? 7
+                             : source.starts_with("file:")  ? 5
+                                                            : 0;
+    return source.substr(from, source.find('?') - from);
+  }
+  if (layer.data.provider == "spatialite") {
+    const auto from = source.find("dbname='");
+    return from == source.npos ? ""
+                               : source.substr(from + 8, source.find('\'', from + 8) - from - 8);
+  }
+  const bool files = layer.data.provider == "ogr" || layer.data.provider == "gdal" || layer.data.provider.empty();
+  const std::string path = source.substr(0, source.find('|'));
+  // "NETCDF:..." and "https://..." are names of GDAL's own or of a server, "C:..." is a drive.
+  const auto colon = path.find(':');
+  return !files || path.starts_with("/vsi") || (colon != path.npos && colon > 1) ? "" : path;
 }
 
 std::vector<TreeNode> DataFrames(const Project& project) {

@@ -47,8 +47,8 @@ std::string ReadWhole(const std::string& file) {
 
 }  // namespace
 
-void ReadProjectXml(const std::string& file, pugi::xml_document& document) {
-  const std::string text = ReadWhole(file);
+std::string ReadProjectXml(const std::string& file, pugi::xml_document& document) {
+  std::string text = ReadWhole(file);
   const pugi::xml_parse_result result = document.load_buffer(text.data(), text.size());
   if (!result) {
     const auto end = text.begin() + std::min<std::ptrdiff_t>(result.offset, std::ssize(text));
@@ -59,6 +59,7 @@ void ReadProjectXml(const std::string& file, pugi::xml_document& document) {
   const std::string tag = root.name();
   if (tag != "qgis" && tag != "qlr") Refuse(file, "it is no QGIS file");
   if (!root.child("layer-tree-group")) Refuse(file, "it has no layer tree");
+  return text;
 }
 
 }  // namespace brelmon::headless

@@ -23,6 +23,13 @@ class ICommandItem : public virtual IObject {
   virtual void Execute() = 0;
 };
 
+/// Identifiers of the host's own commands that the tools run.
+namespace hostcommand {
+inline constexpr TextView kStatistics = u"{3E58D6D0-DF7A-11D1-ADD9-080009EC732A}";
+inline constexpr TextView kSelectByLocation = u"{82B9951B-DD63-11D1-AA7F-00C04FA37860}";
+inline constexpr TextView kSelectByAttributes = u"{54EBEEE6-DC82-11D1-AA7F-00C04FA37860}";
+}  // namespace hostcommand
+
 class ICommandBars : public virtual IObject {
  public:
   /// The host's command of that identifier; unset if it has none.

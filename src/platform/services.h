@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// What any procedure may ask of the host: one set for the process, held by the component.
+// What any procedure may ask of the host: one set, which component and host both hold.
 #pragma once
 
 #include <memory>
@@ -92,6 +92,9 @@ class IByteStream {
   virtual std::string Read(std::size_t size) = 0;
   /// Fails with 61 on a full disk, else 57.
   virtual void Write(const std::string& bytes) = 0;
+  /// Ends the stream; fails as Write where what was written did not reach the file. One that is
+  /// destroyed without it keeps a failure to itself.
+  virtual void Close() = 0;
 };
 
 enum class FileMode { Input, Output, Append };
@@ -127,7 +130,8 @@ class IShell {
  public:
   virtual ~IShell() = default;
   /// ShellExecuteA: the default program for a file or web address; its result is of no interest.
-  /// Nothing of `file` is ever interpreted as a command.
+  /// What a host won't open fails with its reason. Nothing of `file` is ever interpreted as a
+  /// command.
   virtual void Execute(const Text& file, const Text& directory, int showMode) = 0;
   /// Runs a program in a normal window; fails with 5 or 53 where it can't.
   virtual void Run(const Text& program) = 0;
@@ -167,7 +171,8 @@ struct Services {
   brelmon::Locale locale;
 };
 
-/// Replaces the set of the process. File numbers that are open are forgotten.
+/// Replaces the set of this library or program; whoever loads the component sets its own and the
+/// component's together. File numbers that are open are forgotten.
 void SetServices(Services services);
 const Services& CurrentServices();
 
@@ -189,7 +194,7 @@ IHostObjects& HostObjects();
 IFormHost& FormHost();
 const Locale& CurrentLocale();
 
-/// Swaps the process's set for its own length, for tests.
+/// Swaps the set for its own length.
 class ServicesScope {
  public:
   explicit ServicesScope(Services services) : before_(CurrentServices()) {

@@ -21,14 +21,14 @@ struct HostCommand {
 };
 
 constexpr std::array kCommands = {
-    HostCommand{u"{3E58D6D0-DF7A-11D1-ADD9-080009EC732A}",
+    HostCommand{hostcommand::kStatistics,
                 {"mActionStatisticalSummary", ""},
                 "StatisticalSummaryDockWidget"},
     HostCommand{
-        u"{82B9951B-DD63-11D1-AA7F-00C04FA37860}",
+        hostcommand::kSelectByLocation,
         {"mProcessingUserMenu_native:selectbylocation", "mProcessingAlg_native:selectbylocation"},
         ""},
-    HostCommand{u"{54EBEEE6-DC82-11D1-AA7F-00C04FA37860}", {"mActionSelectByExpression", ""}, ""},
+    HostCommand{hostcommand::kSelectByAttributes, {"mActionSelectByExpression", ""}, ""},
 };
 
 class CommandItem : public virtual ICommandItem {

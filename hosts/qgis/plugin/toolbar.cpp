@@ -12,6 +12,7 @@
 
 #include "frame/commandtable.h"
 #include "hosts/common/componentloader.h"
+#include "hosts/common/enabledquestion.h"
 #include "hosts/qgis/qgishost.h"
 #include "hosts/qgis/services/errordialog.h"
 #include "hosts/qgis/view/look.h"
@@ -37,8 +38,8 @@ QString ActionText(const Text& caption) {
 struct Button {
   Ref<ICommand> command;
   QAction* action = nullptr;
-  QString menu;       // empty for one on the bar
-  bool told = false;  // that its Enabled fails
+  QString menu;  // empty for one on the bar
+  host::EnabledQuestion<QuietErrors> enabled;
 };
 
 class ToolbarOfQgis : public Toolbar {
@@ -127,24 +128,10 @@ class ToolbarOfQgis : public Toolbar {
     if (running_) return;
     for (Button& button : buttons_) {
       if (ErrorDialogIsOpen()) return;  // its closing asks again
-      button.action->setEnabled(AskOne(button));
+      button.action->setEnabled(
+          button.enabled.Ask([&] { return button.command; },
+                             [this](const Failure& failure) { Tell(failure.Description); }));
     }
-  }
-
-  // A lasting fault is told at its first asking; later ones keep quiet until one goes well.
-  bool AskOne(Button& button) {
-    const QuietErrors errors(button.told);
-    bool enabled = false, failed = false;
-    Text reason;
-    try {
-      enabled = button.command->Enabled();
-    } catch (...) {
-      failed = true;
-      reason = CurrentFailure().Description;
-    }
-    if (failed && !button.told) Tell(reason);
-    button.told = failed || errors.Count() > 0;
-    return enabled;
   }
 
   void Tell(const Text& reason) {

@@ -76,6 +76,25 @@ TEST_F(ShellTest, HandsOverSystemPathsAndAddressesAsTheyAre) {
   EXPECT_EQ(Opened(directory + u"\\docs\\a b;$(x).pdf", directory), due);
   EXPECT_EQ(Opened(u"docs\\A B;$(x).pdf", directory + u"\\"), due);
   EXPECT_EQ(Opened(u"https://example.org/a?b=c&d", u""), "https://example.org/a?b=c&d||");
+  EXPECT_EQ(Opened(u"example.org/page.html", u""), "http://example.org/page.html||");
+  EXPECT_EQ(Opened(u"localhost:80/x:y", u""), "http://localhost:80/x:y||");
+}
+
+TEST_F(ShellTest, OpensTheAddressOfAShortcutAndNothingElse) {
+  const Text directory = Paths().ToWindows(folder.Path());
+  folder.Write("a.URL", "[InternetShortcut]\r\nurl=https://example.org/?a=b\r\n");
+  EXPECT_EQ(Opened(u"a.URL", directory), "https://example.org/?a=b|" + folder.Path() + "|");
+  for (const char* line : {"URL=file:///bin/sh", "URL=/bin/sh", "", "URL=--help"}) {
+    folder.Write("a.URL", line);
+    EXPECT_EQ(Guard::Ignore([&] { NewShell()->Execute(u"a.URL", directory, 1); }),
+              failure::kRefused);
+  }
+}
+
+TEST_F(ShellTest, ProgramsReadNothingAndWorkInTheDirectory) {
+  folder.Write("opener", "#!/bin/sh\n(cat; pwd) > \"$0.tmp\"\nmv \"$0.tmp\" \"$0.log\"\n");
+  std::filesystem::create_directory(folder.Path("docs"));
+  EXPECT_EQ(Opened(u"a.pdf", Paths().ToWindows(folder.Path("docs"))), folder.Path("docs") + "\n");
 }
 
 TEST_F(ShellTest, RunsProgramsOrFails) {
