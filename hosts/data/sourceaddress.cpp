@@ -142,6 +142,9 @@ SourceAddress AddressOf(const SourceText& layer, const std::string& folder) {
     address.problem = "its provider \"" + layer.provider + "\" is not supported";
   }
   if (!layer.subset.empty()) address.subset = layer.subset;
+  if (!layer.filter.empty() && address.subset == layer.filterExpression) {
+    address.subset = layer.filter;
+  }
   if (!EQUAL(layer.encoding.c_str(), "System")) address.encoding = layer.encoding;
   return address;
 }

@@ -13,6 +13,8 @@ struct SourceText {
   std::string dataSource;  // as the provider writes it
   std::string subset;      // where it stands apart from the data source
   std::string encoding;
+  // Where the subset is in another language: it, and the clause that it stands for.
+  std::string filterExpression = {}, filter = {};
 };
 
 struct SourceAddress {

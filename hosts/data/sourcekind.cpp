@@ -28,8 +28,8 @@ constexpr std::array<SourceKind, 13> kKinds = {{
     {"OpenFileGDB", ".gdb", u"File Geodatabase", false, false},
     {"FileGDB", ".gdb", u"File Geodatabase", false, false},
     {"SQLite", ".sqlite", u"SQLite", false, true},
-    {"PostgreSQL", "", u"SDE", false, true},
-    {"PostgreSQL database with PostGIS extension", "", u"SDE", false, true},
+    {"PostgreSQL", "", u"PostgreSQL", false, true},
+    {"PostgreSQL database with PostGIS extension", "", u"PostgreSQL", false, true},
 }};
 
 }  // namespace
@@ -56,8 +56,7 @@ bool HasSqlOfItsOwn(const std::string& driver) {
   for (const SourceKind& kind : kKinds) {
     if (driver == kind.driver) return kind.ownSql;
   }
-  // Databases that are not listed: their own SQL answers for itself when it is tried.
-  return true;
+  return false;
 }
 
 }  // namespace brelmon::data

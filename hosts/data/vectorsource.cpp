@@ -121,10 +121,6 @@ void VectorSource::Describe(GDALDataset& dataset, OGRLayer& layer) {
   const char* encoding = layer.GetMetadataItem("SOURCE_ENCODING", "SHAPEFILE");
   page_ = CodePageNamed(encoding ? encoding : "");
   hasGeometry_ = layer.GetGeomType() != wkbNone;
-  if (const OGRSpatialReference* crs = layer.GetSpatialRef()) {
-    crs_.reset(crs->Clone());
-    crs_->SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
-  }
   ReadFields(layer);
 }
 
@@ -188,6 +184,19 @@ VectorSource::Handle::~Handle() {
 std::string VectorSource::DbfPath() const {
   if (!isShapefile_ || !IsShapefileName(address_.path)) return {};
   return host::TrueCase(CPLResetExtension(address_.path.c_str(), "dbf"));
+}
+
+const OGRSpatialReference* VectorSource::ReferenceSystem() {
+  // Telling a system by its definition takes longer than many a job that asks for none.
+  if (!crsRead_ && Valid() && hasGeometry_) {
+    crsRead_ = true;
+    const Handle layer = Open();
+    if (const OGRSpatialReference* crs = layer->GetSpatialRef()) {
+      crs_.reset(crs->Clone());
+      crs_->SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
+    }
+  }
+  return crs_.get();
 }
 
 bool VectorSource::Extent(OGREnvelope& extent) {

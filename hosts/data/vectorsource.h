@@ -48,7 +48,7 @@ class VectorSource : public columns::IRowSource, public std::enable_shared_from_
   const SourceAddress& Address() const { return address_; }
   bool HasGeometry() const { return hasGeometry_; }
   /// Traditional axis order; null where the data tells none.
-  const OGRSpatialReference* ReferenceSystem() const { return crs_.get(); }
+  const OGRSpatialReference* ReferenceSystem();
   /// "Shapefile", "GeoPackage", "Personal Geodatabase", ...
   const Text& Kind() const { return kind_; }
   /// Folder or database that holds it.
@@ -93,7 +93,7 @@ class VectorSource : public columns::IRowSource, public std::enable_shared_from_
   Text kind_;
   std::vector<columns::Field> fields_;
   std::vector<OgrPlace> places_;  // one for each field
-  bool hasGeometry_ = false, ownSql_ = false, isShapefile_ = false;
+  bool crsRead_ = false, hasGeometry_ = false, ownSql_ = false, isShapefile_ = false;
   std::string recode_;  // encoding of its texts where GDAL doesn't see to it
   columns::CodePage page_;
   std::unique_ptr<OGRSpatialReference> crs_;

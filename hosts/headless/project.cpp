@@ -46,6 +46,15 @@ std::string ReferenceSystem(const pugi::xml_node& parent) {
   return wkt.empty() ? system.child_value("proj4") : wkt;
 }
 
+/// In either form that a custom property has been written in; empty if it isn't there.
+std::string CustomProperty(const pugi::xml_node& of, const char* name) {
+  const pugi::xml_node properties = of.child("customproperties");
+  const pugi::xml_node now =
+      properties.child("Option").find_child_by_attribute("Option", "name", name);
+  const pugi::xml_node before = properties.find_child_by_attribute("property", "key", name);
+  return (now ? now : before).attribute("value").as_string();
+}
+
 LayerDefinition ReadLayer(const pugi::xml_node& xml) {
   LayerDefinition layer;
   layer.name = xml.child_value("layername");
@@ -54,6 +63,8 @@ LayerDefinition ReadLayer(const pugi::xml_node& xml) {
   layer.data.encoding = xml.child("provider").attribute("encoding").as_string();
   layer.data.dataSource = xml.child_value("datasource");
   layer.data.subset = xml.child_value("subset");
+  layer.data.filterExpression = CustomProperty(xml, "brelmon/filterExpression");
+  layer.data.filter = CustomProperty(xml, "brelmon/filter");
   layer.crs = ReferenceSystem(xml.child("srs"));
   layer.hasGeometry = std::string(xml.attribute("geometry").as_string()) != "No geometry";
   for (const pugi::xml_node& alias : xml.child("aliases").children("alias")) {
@@ -70,27 +81,13 @@ LayerDefinition ReadLayer(const pugi::xml_node& xml) {
   return layer;
 }
 
-/// Both forms that a custom property has been written in.
-bool IsMarkedAsDataFrame(const pugi::xml_node& group) {
-  const pugi::xml_node properties = group.child("customproperties");
-  const auto holds = [](const pugi::xml_node& parent, const char* tag, const char* nameOf) {
-    return std::any_of(
-        parent.children(tag).begin(), parent.children(tag).end(), [&](const pugi::xml_node& entry) {
-          return std::string(entry.attribute(nameOf).as_string()) == "brelmon/dataFrame" &&
-                 std::string(entry.attribute("value").as_string()) == "true";
-        });
-  };
-  return holds(properties.child("Option"), "Option", "name") ||
-         holds(properties, "property", "key");
-}
-
 TreeNode ReadNode(const pugi::xml_node& xml) {
   TreeNode node;
   node.name = xml.attribute("name").as_string();
   node.layerId = xml.attribute("id").as_string();
   node.checked = std::string(xml.attribute("checked").as_string("Qt::Checked")) != "Qt::Unchecked";
   node.expanded = xml.attribute("expanded").as_bool(true);
-  node.dataFrame = node.layerId.empty() && IsMarkedAsDataFrame(xml);
+  node.dataFrame = node.layerId.empty() && CustomProperty(xml, "brelmon/dataFrame") == "true";
   for (const pugi::xml_node& child : xml.children()) {
     const std::string tag = child.name();
     if (tag == "layer-tree-group" || tag == "layer-tree-layer") {
@@ -169,7 +166,8 @@ std::string WrittenPath(const LayerDefinition& layer) {
     return from == source.npos ? ""
                                : source.substr(from + 8, source.find('\'', from + 8) - from - 8);
   }
-  const bool files = layer.data.provider == "ogr" || layer.data.provider == "gdal" || layer.data.provider.empty();
+  const bool files =
+      layer.data.provider == "ogr" || layer.data.provider == "gdal" || layer.data.provider.empty();
   const std::string path = source.substr(0, source.find('|'));
   // "NETCDF:..." and "https://..." are names of GDAL's own or of a server, "C:..." is a drive.
   const auto colon = path.find(':');

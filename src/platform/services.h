@@ -44,13 +44,14 @@ class IMessageBox {
   virtual ~IMessageBox() = default;
   /// Modal. Gives one of the answers.
   virtual int Show(const Text& text, int style, const Text& title) = 0;
-  virtual void Beep() = 0;
+  virtual void Beep() = 0;  // nothing, where there is no sound
 };
 
 /// The dialog that tells of failures; one lives to the end of the process.
 class IErrorDialog : public virtual IObject {
  public:
-  virtual void SetText(const Text& text) = 0;
+  virtual void SetText(const Text& text) = 0;  // the whole trail, in place of an earlier one
+  /// Modeless: the call returns at once.
   virtual void SetVisible(bool visible) = 0;
 };
 
@@ -59,13 +60,16 @@ enum class Pointer : int { Default = 0, Hourglass = 11, Custom = 99 };
 class IScreen {
  public:
   virtual ~IScreen() = default;
+  /// Stays until it is set again, or the user's click has ended.
   virtual void SetMousePointer(Pointer pointer) = 0;
 };
 
+/// The system's clipboard; a host without one keeps the text to itself.
 class IClipboard {
  public:
   virtual ~IClipboard() = default;
   virtual void Clear() = 0;
+  /// Line ends are CR LF.
   virtual void SetText(const Text& text) = 0;
 };
 
@@ -75,12 +79,13 @@ class IPrinter {
   /// Each fails with 482 where there is no printer.
   virtual void SetFontSize(double points) = 0;
   virtual void Print(const Text& text) = 0;  // and begins a new line
-  virtual void EndDoc() = 0;
+  virtual void EndDoc() = 0;  // sends the pages off; nothing where nothing was printed
 };
 
 class IClock {
  public:
   virtual ~IClock() = default;
+  /// Local time, to the second; BRELMON_NOW fixes it.
   virtual Date Now() = 0;
 };
 
@@ -122,7 +127,9 @@ class IRegistry {
   /// An empty name is the key's default value. Texts keep a closing NUL if they were stored so;
   /// a double word comes as a 32-bit number.
   virtual bool Query(RegistryRoot root, const Text& key, const Text& name, Value& value) = 0;
+  /// Makes key and value where they are absent.
   virtual void Write(RegistryRoot root, const Text& key, const Text& name, const Text& value) = 0;
+  /// The key with all below it; nothing for an absent one.
   virtual void DeleteTree(RegistryRoot root, const Text& key) = 0;
 };
 

@@ -10,6 +10,7 @@
 #include "hosts/columns/querytokens.h"
 #include "hosts/common/hostfailure.h"
 #include "hosts/data/clauses.h"
+#include "hosts/qgis/data/expression.h"
 #include "hosts/qgis/data/featurereader.h"
 #include "hosts/qgis/data/fieldtable.h"
 #include "hosts/qgis/data/geometry.h"
@@ -19,6 +20,10 @@ namespace brelmon::qgis {
 namespace {
 
 using columns::Batch, columns::IBatchReader, columns::RowIds, columns::RowRequest;
+
+/// Of a layer whose filter stands in another language: that expression, and the clause it is of.
+const QString kExpression = QStringLiteral("brelmon/filterExpression");
+const QString kClause = QStringLiteral("brelmon/filter");
 
 [[noreturn]] void Refuse(const std::string& reason) {
   host::Fail(failure::kRefused, "The query was refused: " + reason + ".");
@@ -142,11 +147,31 @@ RowIds MatchingIds(QgsVectorLayer& layer, const std::shared_ptr<data::VectorSour
   return columns::Combined(rows->IdsOfRows(clause, false), std::move(ids), SelectionMethod::And);
 }
 
+Text FilterOf(const QgsVectorLayer& layer) {
+  const QString filter = layer.subsetString();
+  const bool ours = !filter.isEmpty() && layer.customProperty(kExpression).toString() == filter;
+  return FromQt(ours ? layer.customProperty(kClause).toString() : filter);
+}
+
 void SetFilter(QgsVectorLayer& layer, const Text& clause) {
   const bool blank = columns::IsBlank(clause);
-  if (!layer.setSubsetString(blank ? QString() : ToQt(clause)) ||
-      (!blank && layer.dataProvider()->featureCount() == -1)) {
+  QString filter = blank ? QString() : ToQt(clause);
+  // Delimited text is filtered by expressions: the same rows in another language.
+  const bool translated = !blank && layer.providerType() == QLatin1String("delimitedtext");
+  if (translated) {
+    const auto expression = ExpressionOf(clause, ColumnsOf(layer));
+    if (!expression) Refuse("as a filter of delimited text it can't be put; select by it instead");
+    filter = *expression;
+  }
+  if (!layer.setSubsetString(filter) || (!blank && layer.dataProvider()->featureCount() == -1)) {
     Refuse("the layer's provider takes no such filter");
+  }
+  if (translated) {
+    layer.setCustomProperty(kExpression, filter);
+    layer.setCustomProperty(kClause, ToQt(clause));
+  } else {
+    layer.removeCustomProperty(kExpression);
+    layer.removeCustomProperty(kClause);
   }
 }
 

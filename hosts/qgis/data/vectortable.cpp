@@ -127,7 +127,7 @@ columns::IColumnTable::Rows VectorTable::VisibleRows(bool selected) {
   return {RowsOf(layer, handle_->File()), std::move(request)};
 }
 
-Text VectorTable::DefinitionExpression() { return FromQt(Layer().subsetString()); }
+Text VectorTable::DefinitionExpression() { return FilterOf(Layer()); }
 
 void VectorTable::SetDefinitionExpression(const Text& expression) {
   QgsVectorLayer& layer = Readable();
