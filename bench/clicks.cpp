@@ -95,15 +95,16 @@ void RunQuickLoad(benchmark::State& state, const Words& words) {
 
 void RegisterAll() {
   for (const std::string rows : {"100000", "1000000"}) {
-    Register("statistics/" + rows, {{"statistics", "points" + rows, "DEPTH", "STATIONS"}});
+    Register("statistics/" + rows, {{"statistics", "points" + rows, "VAL_D", "CNT_I"}});
   }
-  Register("values/texts", {{"values", "rows1000000", "NAME"}});
-  Register("values/numbers", {{"values", "rows1000000", "DEPTH"}});
-  Register("query/filter", {{"query", "rows1000000", "MAG > 5", "--new", "--filter"}});
-  Register("query/select", {{"query", "points1000000", "MAG > 5", "--new"}});
-  Register("summarize", {{"summarize", "rows1000000", "NET", "--stat", "Minimum:DEPTH", "--stat",
-                          "Maximum:DEPTH", "--stat", "Sum:DEPTH", "--stat", "Average:DEPTH",
-                          "--stat", "Standard Deviation:DEPTH", "--output", SummaryPath()}});
+  Register("values/texts", {{"values", "points1000000", "NAME_S"}});
+  Register("values/numbers", {{"values", "points1000000", "VAL_D"}});
+  Register("query/filter", {{"query", "points1000000", "VAL_D > 20", "--new", "--filter"}});
+  Register("query/select", {{"query", "points1000000", "VAL_D > 20", "--new"}});
+  Register("summarize",
+           {{"summarize", "points1000000", "CAT_S", "--stat", "Minimum:VAL_D", "--stat",
+             "Maximum:VAL_D", "--stat", "Sum:VAL_D", "--stat", "Average:VAL_D", "--stat",
+             "Standard Deviation:VAL_D", "--output", SummaryPath()}});
   const Words pick = {"pick", "points1000000"};
   Register("selectall", {pick, {"click", "cmdSelectAll"}});
   Register("clear", {pick, {"click", "cmdSelectAll"}, {"click", "cmdSelectNone"}});

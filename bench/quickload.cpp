@@ -32,6 +32,7 @@ class OneFile : public IFileSystem {
       return read;
     }
     void Write(const std::string& more) override { all_ += more; }
+    void Close() override {}
     std::string& all_;
     std::size_t at_ = 0;
   };

@@ -28,5 +28,6 @@ void AddQuickLoadEditActions(CLI::App& quickload, Action& action);
 void AddMediaActions(CLI::App& app, Action& action);
 void AddAboutActions(CLI::App& app, Action& action);
 void AddCheckActions(CLI::App& app, Action& action);
+void AddPublishActions(CLI::App& app, Action& action);
 
 }  // namespace brelmon::cli

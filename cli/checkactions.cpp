@@ -5,25 +5,11 @@
 
 #include "check/ModuleCheck.h"
 #include "cli/actions.h"
+#include "cli/checkhost.h"
 #include "hosts/common/paths.h"
 
 namespace brelmon::cli {
 namespace {
-
-CheckedModule ModuleOf(Session& session) {
-  const Services& services = session.Host().HostServices();
-  CheckedModule module;
-  module.DocumentPath = host::Paths().ToWindows(session.Host().MapDocument());
-  module.Document = session.Document();
-  module.Files = services.files;
-  module.Locale = services.locale;
-  module.OpenLayerFile = [&services](const Text& path) {
-    const auto file = services.objects->NewGxLayer();
-    file.As<IGxFile>()->SetPath(path);
-    return file->Layer();
-  };
-  return module;
-}
 
 std::string SystemPath(const Text& path) {
   const auto system = host::Paths().ToSystem(path);
@@ -47,7 +33,8 @@ bool Fix(const CheckedModule& module) {
 }
 
 int Check(Session& session, bool fix) {
-  const CheckedModule module = ModuleOf(session);
+  CheckHost host(session.Host());
+  const CheckedModule module = host.Module();
   const bool fixed = !fix || Fix(module);
   const auto findings = CheckModule(module);
   for (const Finding& each : findings) std::cout << ToUtf8(ToLine(each)) << '\n';

@@ -43,6 +43,7 @@ void Build(CLI::App& app, Action& action) {
   AddMediaActions(app, action);
   AddAboutActions(app, action);
   AddCheckActions(app, action);
+  AddPublishActions(app, action);
 }
 
 /// What was wrong with a line; an action that isn't there is named with those that are.

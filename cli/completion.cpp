@@ -53,6 +53,7 @@ std::vector<std::string> Completer::Candidates(const std::vector<std::string>& w
   if (auto more = ActionNames(words[0]); !more.empty()) {
     return words.size() == 1 ? more : std::vector<std::string>();
   }
+  if (words[0] == "publish") return {"--single"};
   if (words[0] == "tab") return {"Display", "Source", "Selection"};
   std::vector<std::string> names;
   if (words[0] == "click") {

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // brelmon [--yes|--no] [--now TIME] MODULE [ACTION...]
+#include <algorithm>
+#include <cstdio>
 #include <iostream>
 
 #include "cli/commandline.h"
@@ -23,10 +25,15 @@ int Run(const std::vector<std::string>& arguments) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  int status = brelmon::cli::kFailed;
   try {
-    return Run({argv + 1, argv + argc});
+    status = Run({argv + 1, argv + argc});
   } catch (const std::exception& reason) {
     std::cerr << "brelmon: " << reason.what() << std::endl;
   }
-  return brelmon::cli::kFailed;
+  std::cout.flush();
+  const bool written = static_cast<bool>(std::cout);
+  if (std::fclose(stdout) == 0 && written) return status;
+  std::cerr << "brelmon: the result could not be written out" << std::endl;
+  return std::max<int>(status, brelmon::cli::kFailed);
 }

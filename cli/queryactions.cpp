@@ -59,7 +59,7 @@ int Values(Session& session, const std::string& itemWord, const std::string& fie
     Dismiss(form);
   };
   const Outcome outcome = session.Click(u"cmdSelByAttBrelmon", {{Text(kForm), work}});
-  for (const Text& value : values) PrintText(value);
+  PrintTexts(values);
   return outcome.Untroubled() ? kDone : kFailed;
 }
 

@@ -19,6 +19,12 @@ std::string WithOneEnd(const Text& text) {
 
 void PrintText(const Text& text) { std::cout << WithOneEnd(text); }
 
+void PrintTexts(const std::vector<Text>& texts) {
+  std::string lines;
+  for (const Text& text : texts) lines += WithOneEnd(text);
+  std::cout << lines;
+}
+
 std::shared_ptr<Form> ShownReport(Session& session) {
   for (const auto& form : session.Host().Modeless().Visible()) {
     if (form->Name() == u"frmReport") return form;

@@ -2,12 +2,16 @@
 // Report windows: reading, printing, closing.
 #pragma once
 
+#include <vector>
+
 #include "cli/session.h"
 
 namespace brelmon::cli {
 
 /// Prints with LF line ends and one behind the last line.
 void PrintText(const Text& text);
+/// Each as PrintText prints it.
+void PrintTexts(const std::vector<Text>& texts);
 
 /// The report in the window beside the host; unset where it isn't on the screen.
 std::shared_ptr<Form> ShownReport(Session& session);

@@ -2,14 +2,15 @@
 // Host, component, commands, clicks.
 #include "cli/session.h"
 
+#include <filesystem>
 #include <iostream>
 
 #include "cli/heldshell.h"
-#include "cli/library.h"
 #include "cli/progresspicture.h"
 #include "cli/terminal.h"
 #include "cli/userforms.h"
 #include "frame/commandtable.h"
+#include "frame/guard.h"
 
 namespace brelmon::cli {
 namespace {
@@ -48,7 +49,10 @@ Session::Session(const std::string& module)
   });
   Services services = host_.HostServices();
   services.shell = shell_.get();
-  component_ = host::Component::Load(ComponentFile(), services);
+  std::error_code none;
+  const auto folder = std::filesystem::read_symlink("/proc/self/exe", none).parent_path();
+  const std::string library = host::Component::Find(folder, BRELMON_COMPONENT_FILE);
+  component_ = host::Component::Load(library, services);
 }
 
 Session::~Session() = default;
@@ -76,16 +80,12 @@ Ref<ICommand> Session::Command(TextView className) {
 }
 
 bool Session::Enabled(TextView className) {
-  try {
-    return Command(className)->Enabled();
-  } catch (const Failure& failure) {
-    if (toldOf_.insert(Text(className)).second) {
-      std::cerr << ToUtf8(className)
-                << " can't tell whether it is enabled: " << ToUtf8(failure.Description) << " ("
-                << failure.Number << ")" << std::endl;
-    }
-  }
-  return false;
+  const auto tell = [&](const Failure& failure) {
+    std::cerr << ToUtf8(className)
+              << " can't tell whether it is enabled: " << ToUtf8(failure.Description) << " ("
+              << failure.Number << ")" << std::endl;
+  };
+  return enabled_[Text(className)].Ask([&] { return Command(className); }, tell);
 }
 
 Outcome Session::Click(TextView className, const std::vector<Hands>& hands,
@@ -140,9 +140,10 @@ void Session::Work(const Hands& hands, Form& form) {
   Dismiss(form);
 }
 
-int Session::AnswerBox(const Text&, int style, const Text& title) {
+int Session::AnswerBox(const Text& text, int style, const Text& title) {
   if (!IsQuestion(style)) {
-    outcome_.Told.push_back(title);
+    // A failure in a plain box is counted among the trails.
+    if (!text.starts_with(Guard::kPlainBoxLabel)) outcome_.Told.push_back(title);
     return box::kAnswerOk;
   }
   const bool yes = choices_.answer ? *choices_.answer : AtTerminal() && AskYesNo();

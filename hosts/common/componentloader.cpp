@@ -4,7 +4,7 @@
 
 #include <dlfcn.h>
 
-#include <filesystem>
+#include <cstdlib>
 #include <stdexcept>
 
 #include "hosts/common/hostfailure.h"
@@ -12,8 +12,6 @@
 
 namespace brelmon::host {
 namespace {
-
-constexpr std::int32_t kCannotCreateObject = 429;
 
 template <class Function>
 Function Export(void* library, const char* name) {
@@ -27,7 +25,8 @@ Function Export(void* library, const char* name) {
 class LoadedComponent : public Component {
  public:
   LoadedComponent(void* library, const std::string& path, const Services& services)
-      : registry_(services.registry),
+      : own_(services),
+        registry_(services.registry),
         getClassObject_(Export<DllGetClassObjectFn>(library, "DllGetClassObject")),
         canUnloadNow_(Export<DllCanUnloadNowFn>(library, "DllCanUnloadNow")) {
     const auto registerServer = Export<DllRegisterServerFn>(library, "DllRegisterServer");
@@ -36,7 +35,9 @@ class LoadedComponent : public Component {
     const Guid any;
     void* sink = nullptr;
     if (getClassObject_(&any, &kIID_IServiceSink, &sink) != hresult::kOk || sink == nullptr) {
-      throw std::runtime_error("the component takes no services");
+      throw std::runtime_error(
+          "the component was built against another platform than this program: build both from "
+          "the same sources, with the same compiler");
     }
     sink_ = static_cast<IServiceSink*>(sink);
     sink_->Attach(services, Paths().ToWindows(std::filesystem::absolute(path).string()));
@@ -55,12 +56,12 @@ class LoadedComponent : public Component {
     Guid classId;
     if (!registry_->Query(RegistryRoot::ClassesRoot, progId + u"\\CLSID", u"", registered) ||
         !ToGuid(Bare(registered.ToText()), classId)) {
-      Fail(kCannotCreateObject, "No class is registered under the name " + name + ".");
+      Fail(failure::kCannotCreateObject, "No class is registered under the name " + name + ".");
     }
     void* factory = nullptr;
     if (getClassObject_(&classId, &kIID_IClassFactory, &factory) != hresult::kOk ||
         factory == nullptr) {
-      Fail(kCannotCreateObject, "The component has no class for the name " + name + ".");
+      Fail(failure::kCannotCreateObject, "The component has no class for the name " + name + ".");
     }
     return static_cast<IClassFactory*>(factory)->CreateInstance();
   }
@@ -76,6 +77,7 @@ class LoadedComponent : public Component {
     return text;
   }
 
+  ServicesScope own_;
   IRegistry* registry_;
   DllGetClassObjectFn getClassObject_;
   DllCanUnloadNowFn canUnloadNow_;
@@ -83,6 +85,19 @@ class LoadedComponent : public Component {
 };
 
 }  // namespace
+
+std::string Component::Find(const std::filesystem::path& folder,
+                            const std::filesystem::path& built) {
+  if (const char* given = std::getenv("BRELMON_COMPONENT"); given != nullptr && *given != '\0') {
+    return std::filesystem::absolute(given).string();
+  }
+  for (const auto& place : {folder, folder.parent_path() / "lib"}) {
+    std::error_code none;
+    const auto file = place / built.filename();
+    if (std::filesystem::exists(file, none)) return file.string();
+  }
+  return built.string();
+}
 
 std::unique_ptr<Component> Component::Load(const std::string& libraryPath,
                                            const Services& services) {

@@ -2,6 +2,7 @@
 // The component's library: loading, handing over services, asking for classes.
 #pragma once
 
+#include <filesystem>
 #include <memory>
 #include <string>
 
@@ -11,7 +12,8 @@ namespace brelmon::host {
 
 class Component {
  public:
-  virtual ~Component() = default;  // lets go of the services; the library stays loaded
+  /// Lets go of the services, here and there; the library stays loaded.
+  virtual ~Component() = default;
 
   /// A new object of the class registered under "BrelmonOpenTable.cmdStats" and the like. A name
   /// that is not registered, or a class that the library refuses, fails with 429 and says which.
@@ -22,8 +24,15 @@ class Component {
   /// Whether no object of the component is alive.
   virtual bool CanUnload() = 0;
 
-  /// Loads `libraryPath` (a system path), attaches `services` and registers the classes. Throws
-  /// std::runtime_error with the reason where the library can't be loaded or isn't the component.
+  /// Where the library is: what BRELMON_COMPONENT of the environment names, else the file of the
+  /// name of `built` in `folder` (whoever loads it stands there) or in ../lib, else `built`, where
+  /// the build put it. An absolute path; whether it can be loaded is not looked at.
+  static std::string Find(const std::filesystem::path& folder, const std::filesystem::path& built);
+
+  /// Loads `libraryPath` (a system path), makes `services` the set of the component and of the
+  /// program that loads it, as long as this object lives, and registers the classes. Throws
+  /// std::runtime_error with the reason where the library can't be loaded, isn't the component, or
+  /// was built against another platform.
   static std::unique_ptr<Component> Load(const std::string& libraryPath, const Services& services);
 };
 

@@ -8,6 +8,7 @@
 
 #include <cerrno>
 #include <cstdlib>
+#include <utility>
 
 #include "hosts/common/hostfailure.h"
 
@@ -44,7 +45,9 @@ std::string FolderOf(const std::string& path) {
 class FileStream : public IByteStream {
  public:
   explicit FileStream(int descriptor) : descriptor_(descriptor) {}
-  ~FileStream() override { ::close(descriptor_); }
+  ~FileStream() override {
+    if (descriptor_ >= 0) ::close(descriptor_);
+  }
   FileStream(const FileStream&) = delete;
   FileStream& operator=(const FileStream&) = delete;
 
@@ -64,14 +67,21 @@ class FileStream : public IByteStream {
     while (done < bytes.size()) {
       const ssize_t put = ::write(descriptor_, bytes.data() + done, bytes.size() - done);
       if (put < 0 && errno == EINTR) continue;
-      if (put < 0) {
-        Fail(errno == ENOSPC || errno == EDQUOT ? failure::kDiskFull : failure::kDeviceIo);
-      }
+      if (put < 0) FailWriting();
       done += static_cast<std::size_t>(put);
     }
   }
 
+  void Close() override {
+    const int closed = std::exchange(descriptor_, -1);
+    if (closed >= 0 && ::close(closed) != 0 && errno != EINTR) FailWriting();
+  }
+
  private:
+  [[noreturn]] static void FailWriting() {
+    Fail(errno == ENOSPC || errno == EDQUOT ? failure::kDiskFull : failure::kDeviceIo);
+  }
+
   int descriptor_;
 };
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string_view>
+#include <utility>
 
 #include "platform/failure.h"
 
@@ -14,6 +15,10 @@ inline constexpr TextView kFailureSource = u"Brelmon host";
 [[noreturn]] inline void Fail(std::int32_t number, std::string_view reason = {}) {
   throw Failure(number, Text(kFailureSource),
                 reason.empty() ? DescriptionOf(number) : FromUtf8(reason));
+}
+
+[[noreturn]] inline void Fail(std::int32_t number, Text reason) {
+  throw Failure(number, Text(kFailureSource), std::move(reason));
 }
 
 }  // namespace brelmon::host

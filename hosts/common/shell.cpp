@@ -2,12 +2,15 @@
 // Programs are started from argument vectors: no shell ever reads a file's name.
 #include "hosts/common/shell.h"
 
+#include <fcntl.h>
 #include <pwd.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdlib>
+#include <fstream>
 #include <vector>
 
 #include "hosts/common/hostfailure.h"
@@ -20,30 +23,74 @@ namespace {
 /// Programs that were started, so that none stays behind as a zombie.
 class Children {
  public:
-  /// Starts a program that goes on by itself; false where it can't be started.
-  bool Spawn(const std::vector<std::string>& words);
+  /// Starts a program that goes on by itself, in `folder` where that is there; false where it can't
+  /// be started. A session's lines on standard input are not for it.
+  bool Spawn(const std::vector<std::string>& words, const std::string& folder);
 
  private:
   std::vector<pid_t> running_;
 };
 
-bool Children::Spawn(const std::vector<std::string>& words) {
+/// Where a program's standard input and its working directory are.
+class Surroundings {
+ public:
+  explicit Surroundings(const std::string& folder) {
+    ::posix_spawn_file_actions_init(&actions_);
+    ::posix_spawn_file_actions_addopen(&actions_, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+    if (FolderExists(folder)) ::posix_spawn_file_actions_addchdir_np(&actions_, folder.c_str());
+  }
+  ~Surroundings() { ::posix_spawn_file_actions_destroy(&actions_); }
+  Surroundings(const Surroundings&) = delete;
+  Surroundings& operator=(const Surroundings&) = delete;
+  const posix_spawn_file_actions_t* Get() const { return &actions_; }
+
+ private:
+  posix_spawn_file_actions_t actions_;
+};
+
+bool Children::Spawn(const std::vector<std::string>& words, const std::string& folder) {
   std::erase_if(running_, [](pid_t child) { return ::waitpid(child, nullptr, WNOHANG) != 0; });
   std::vector<char*> arguments;
   for (const std::string& word : words) arguments.push_back(const_cast<char*>(word.c_str()));
   arguments.push_back(nullptr);
   pid_t child = 0;
-  if (::posix_spawnp(&child, arguments[0], nullptr, nullptr, arguments.data(), environ) != 0) {
+  const Surroundings around(folder);
+  if (::posix_spawnp(&child, arguments[0], around.Get(), nullptr, arguments.data(), environ) != 0) {
     return false;
   }
   running_.push_back(child);
   return true;
 }
 
-bool IsWebAddress(TextView file) {
-  const std::size_t colon = file.find(u':');
-  return colon != TextView::npos && colon > 1 &&
-         file.substr(0, colon).find(u'\\') == TextView::npos;
+bool IsDigit(char unit) { return unit >= '0' && unit <= '9'; }
+
+/// Whether a text begins with a scheme; a drive's letter is none, nor is a server before its port.
+bool HasScheme(const std::string& text) {
+  const std::size_t colon = text.find(':');
+  return colon != std::string::npos && colon > 1 && text.find_first_of("\\/.") > colon &&
+         !IsDigit((text + " ")[colon + 1]);
+}
+
+/// A text that stands in no directory and is no path of this system.
+std::string WebAddress(const std::string& text) {
+  return HasScheme(text) ? text : "http://" + text;
+}
+
+/// The address that a shortcut file holds; empty where it holds none of the web.
+std::string AddressIn(const std::string& shortcut) {
+  std::ifstream file(shortcut);
+  for (std::string line; std::getline(file, line);) {
+    if (!EqualNoCase(FromUtf8(line.substr(0, 4)), u"URL=")) continue;
+    const std::string address = line.substr(4, line.find_last_not_of(" \t\r") - 3);
+    for (const TextView scheme : {u"http://", u"https://", u"ftp://", u"mailto:"}) {
+      if (FindNoCase(FromUtf8(address), Text(scheme)) == 0) return address;
+    }
+  }
+  return {};
+}
+
+bool IsShortcut(const std::string& file) {
+  return file.size() > 4 && EqualNoCase(FromUtf8(file.substr(file.size() - 4)), u".url");
 }
 
 class SystemShell : public IShell {
@@ -53,20 +100,21 @@ class SystemShell : public IShell {
   void Execute(const Text& file, const Text& directory, int) override {
     if (file.empty()) return;
     const std::string folder = paths_.ToSystem(directory).value_or("");
-    std::string target = IsWebAddress(file) ? ToUtf8(file) : SystemFile(file, directory);
+    const std::string target = Target(file, directory);
     const char* opener = std::getenv("BRELMON_OPENER");
     if (opener != nullptr && *opener != '\0') {
-      children_.Spawn({opener, target, folder});
+      children_.Spawn({opener, target, folder}, folder);
     } else if (!target.empty() && target[0] != '-') {  // never an option
-      children_.Spawn({"xdg-open", target});
+      children_.Spawn({"xdg-open", target}, folder);
     }
   }
 
   void Run(const Text& program) override {
     const auto system = paths_.ToSystem(program);
     if (!system || !FileExists(*system)) Fail(failure::kFileNotFound);
-    if (::access(system->c_str(), X_OK) != 0 || !children_.Spawn({*system}))
+    if (::access(system->c_str(), X_OK) != 0 || !children_.Spawn({*system}, {})) {
       Fail(failure::kInvalidCall);
+    }
   }
 
   bool GetUserName(Text& name) override {
@@ -77,6 +125,17 @@ class SystemShell : public IShell {
   }
 
  private:
+  std::string Target(const Text& file, const Text& directory) const {
+    const std::string written = ToUtf8(file);
+    if (HasScheme(written)) return written;
+    if (directory.empty() && !paths_.ToSystem(file)) return WebAddress(written);
+    std::string target = SystemFile(file, directory);
+    if (!IsShortcut(target)) return target;
+    target = AddressIn(target);
+    if (target.empty()) Fail(failure::kRefused, "The shortcut " + written + " names no web page.");
+    return target;
+  }
+
   /// A relative file is one of `directory`; what is no path at all goes out as it is.
   std::string SystemFile(const Text& file, const Text& directory) const {
     if (const auto whole = paths_.ToSystem(file)) return *whole;

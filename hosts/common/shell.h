@@ -10,7 +10,10 @@
 namespace brelmon::host {
 
 /// Opens through xdg-open, or through the program that the environment's BRELMON_OPENER names:
-/// that one is given the system path (a web address as it is) and the directory's.
+/// that one is given the system path (a web address as it is) and the directory's. An address
+/// without a scheme (`example.org/page`, in no directory) is one of the web; of a `.url` shortcut
+/// the address in it is opened, and one that names no web address fails with 0x80004005. A program
+/// has nothing to read on its standard input, and works in the directory.
 std::unique_ptr<IShell> NewShell(Paths paths = Paths());
 
 }  // namespace brelmon::host

@@ -5,12 +5,18 @@
 namespace brelmon::headless {
 namespace {
 
+// The tools keep one error dialog for the process.
+bool quietNow = false;
+int timesAsked = 0;
+
 class ConsoleErrorDialog : public IErrorDialog {
  public:
   explicit ConsoleErrorDialog(ConsoleMessageBox& console) : console_(console) {}
   void SetText(const Text& text) override { text_ = text; }
   void SetVisible(bool visible) override {
     if (!visible) return;
+    ++timesAsked;
+    if (quietNow) return;
     console_.CountErrorDialog();
     console_.Stream() << ForStream(text_) << std::endl;
   }
@@ -22,9 +28,16 @@ class ConsoleErrorDialog : public IErrorDialog {
 
 }  // namespace
 
+QuietErrors::QuietErrors(bool quiet) : before_(quietNow), countBefore_(timesAsked) {
+  quietNow = quiet;
+}
+QuietErrors::~QuietErrors() { quietNow = before_; }
+int QuietErrors::Count() const { return timesAsked - countBefore_; }
+
 std::string ForStream(TextView text) {
   std::string lines;
-  const std::string utf8 = ToUtf8(text);
+  std::string utf8 = ToUtf8(text);
+  if (utf8.find('\r') == std::string::npos) return utf8;
   for (std::size_t i = 0; i < utf8.size(); ++i) {
     if (utf8[i] != '\r') {
       lines += utf8[i];

@@ -34,6 +34,20 @@ class ConsoleMessageBox : public IMessageBox {
   int shown_ = 0;
 };
 
+/// Counts the error dialogs that are asked for while it lives; `quiet` keeps them from showing.
+class QuietErrors {
+ public:
+  explicit QuietErrors(bool quiet);
+  ~QuietErrors();
+  QuietErrors(const QuietErrors&) = delete;
+  QuietErrors& operator=(const QuietErrors&) = delete;
+  int Count() const;
+
+ private:
+  bool before_;
+  int countBefore_;
+};
+
 /// What a button of the box of that style says when nobody answers.
 int DefaultAnswer(int style);
 

@@ -9,7 +9,8 @@ namespace {
 
 class FieldObject : public IField {
  public:
-  explicit FieldObject(const SourceField& field) : name_(field.name), type_(field.type) {}
+  explicit FieldObject(const columns::Field& field)
+      : name_(FromUtf8(field.Name)), type_(field.Type) {}
   Text Name() override { return name_; }
   FieldType Type() override { return type_; }
 
@@ -31,27 +32,27 @@ class FieldInfoObject : public IFieldInfo {
 
 class FieldsObject : public IFields {
  public:
-  explicit FieldsObject(std::shared_ptr<VectorSource> source) : source_(std::move(source)) {}
+  explicit FieldsObject(std::shared_ptr<data::VectorSource> source) : source_(std::move(source)) {}
   std::int32_t FieldCount() override { return static_cast<std::int32_t>(source_->Fields().size()); }
   Ref<IField> Field(std::int32_t index) override { return NewField(FieldAt(*source_, index)); }
 
  private:
-  std::shared_ptr<VectorSource> source_;
+  std::shared_ptr<data::VectorSource> source_;
 };
 
 }  // namespace
 
-Ref<IField> NewField(const SourceField& field) { return New<FieldObject>(field); }
+Ref<IField> NewField(const columns::Field& field) { return New<FieldObject>(field); }
 
 Ref<IFieldInfo> NewFieldInfo(Text alias, bool visible) {
   return New<FieldInfoObject>(std::move(alias), visible);
 }
 
-Ref<IFields> NewFields(std::shared_ptr<VectorSource> source) {
+Ref<IFields> NewFields(std::shared_ptr<data::VectorSource> source) {
   return New<FieldsObject>(std::move(source));
 }
 
-const SourceField& FieldAt(const VectorSource& source, std::int32_t index) {
+const columns::Field& FieldAt(const data::VectorSource& source, std::int32_t index) {
   if (index < 0 || static_cast<std::size_t>(index) >= source.Fields().size()) {
     host::Fail(failure::kSubscript);
   }

@@ -2,12 +2,11 @@
 // One factory for the host's objects.
 #include "hosts/headless/hostobjects.h"
 
-#include "hosts/common/dissolve.h"
+#include "hosts/columns/dissolve.h"
+#include "hosts/columns/uniquevalues.h"
 #include "hosts/common/folderworkspace.h"
 #include "hosts/common/hostfailure.h"
 #include "hosts/common/objectlists.h"
-#include "hosts/common/uniquevalues.h"
-#include "hosts/headless/dissolverows.h"
 #include "hosts/headless/table.h"
 
 namespace brelmon::headless {
@@ -37,13 +36,13 @@ class HostObjectsFactory : public IHostObjects {
   Ref<IErrorDialog> NewErrorDialog() override { return headless::NewErrorDialog(*at_.boxes); }
   Ref<IModelessFrame> NewModelessFrame() override { return at_.modeless->NewFrame(); }
   Ref<ITableWindow> NewTableWindow() override { return at_.tables->NewWindow(); }
-  Ref<IDataStatistics> NewDataStatistics() override { return host::NewDataStatistics(); }
+  Ref<IDataStatistics> NewDataStatistics() override { return columns::NewDataStatistics(); }
   Ref<IStandaloneTable> NewStandaloneTable() override { return headless::NewStandaloneTable(); }
   Ref<IWorkspaceFactory> NewShapefileWorkspaceFactory() override {
     return host::NewWorkspaceFactory(u"Shapefile");
   }
   Ref<IBasicGeoprocessor> NewBasicGeoprocessor() override {
-    return host::NewBasicGeoprocessor(NewDissolveRows, OpenTable);
+    return columns::NewBasicGeoprocessor(OpenTable);
   }
   Ref<IEnvelope> NewEnvelope() override { return host::NewEnvelope(); }
   Ref<IGxDialog> NewGxDialog() override { return headless::NewGxDialog(at_.catalog); }

@@ -6,7 +6,6 @@
 
 #include "hosts/common/hostfailure.h"
 #include "hosts/headless/rasterlayer.h"
-#include "hosts/headless/rows.h"
 #include "hosts/headless/shape.h"
 #include "hosts/headless/table.h"
 
@@ -14,18 +13,18 @@ namespace brelmon::headless {
 namespace {
 
 /// The source, unreachable if its own filter is one that it refuses.
-std::shared_ptr<VectorSource> SourceOf(const LayerDefinition& definition,
-                                       const std::string& folder) {
-  SourceAddress address = AddressOf(definition, folder);
-  auto source = std::make_shared<VectorSource>(address);
+std::shared_ptr<data::VectorSource> SourceOf(const LayerDefinition& definition,
+                                             const std::string& folder) {
+  data::SourceAddress address = data::AddressOf(definition.data, folder);
+  auto source = std::make_shared<data::VectorSource>(address);
   if (!source->Valid()) return source;
   try {
-    TryClause(*source, FromUtf8(address.subset));
+    source->TryClause(FromUtf8(address.subset));
     return source;
   } catch (const Failure& failure) {
     address.problem = "its filter can't be used: " + ToUtf8(failure.Description);
   }
-  return std::make_shared<VectorSource>(address);
+  return std::make_shared<data::VectorSource>(address);
 }
 
 TableSettings SettingsOf(const LayerDefinition& definition, const std::string& folder) {
@@ -47,12 +46,9 @@ TableSettings SettingsOf(const LayerDefinition& definition, const std::string& f
 
 Ref<IObject> MakeLayer(const LayerDefinition& definition, const std::string& folder) {
   if (definition.type != "vector") {
-    const SourceAddress address = [&] {
-      LayerDefinition plain = definition;
-      plain.provider = "ogr";  // a plain path with options behind bars
-      return AddressOf(plain, folder);
-    }();
-    return NewRasterLayer(FromUtf8(definition.name), definition.provider, address.path);
+    // A plain path with options behind bars.
+    const auto address = data::AddressOf({"ogr", definition.data.dataSource, {}, {}}, folder);
+    return NewRasterLayer(FromUtf8(definition.name), definition.data.provider, address.path);
   }
   TableSettings settings = SettingsOf(definition, folder);
   const bool layer =

@@ -3,20 +3,17 @@
 #include "hosts/headless/project.h"
 
 #include <cpl_string.h>
-#include <cpl_vsi.h>
 
 #include <algorithm>
 #include <filesystem>
-#include <memory>
 #include <pugixml.hpp>
 #include <stdexcept>
 
 #include "hosts/common/paths.h"
+#include "hosts/headless/projectxml.h"
 
 namespace brelmon::headless {
 namespace {
-
-constexpr std::size_t kLargestFile = std::size_t{1} << 30;
 
 [[noreturn]] void Refuse(const std::string& file, const std::string& reason) {
   throw std::runtime_error(file + ": " + reason);
@@ -35,34 +32,9 @@ std::string FolderOf(const std::string& file) {
   return std::filesystem::path(file).parent_path().string();
 }
 
-/// The project inside an archive, or the file itself.
-std::string ReadablePath(const std::string& file) {
-  if (!HasExtension(file, ".qgz")) return file;
-  const std::string archive = "/vsizip/{" + file + "}";
-  const CPLStringList names(VSIReadDir(archive.c_str()), TRUE);
-  for (int i = 0; i < names.size(); ++i) {
-    if (HasExtension(names[i], ".qgs")) return archive + "/" + names[i];
-  }
-  Refuse(file, "it can't be opened as an archive, or holds no project file");
-}
-
-std::string ReadWhole(const std::string& file) {
-  GByte* data = nullptr;
-  vsi_l_offset size = 0;
-  if (VSIIngestFile(nullptr, ReadablePath(file).c_str(), &data, &size, kLargestFile) == 0) {
-    Refuse(file, "it can't be read");
-  }
-  const std::unique_ptr<GByte, decltype(&VSIFree)> owner(data, VSIFree);
-  return {reinterpret_cast<const char*>(data), static_cast<std::size_t>(size)};
-}
-
-void ParseXml(const std::string& file, pugi::xml_document& document) {
-  const std::string text = ReadWhole(file);
-  const pugi::xml_parse_result result = document.load_buffer(text.data(), text.size());
-  if (result) return;
-  const auto end = text.begin() + std::min<std::ptrdiff_t>(result.offset, std::ssize(text));
-  const auto line = 1 + std::count(text.begin(), end, '\n');
-  Refuse(file, "line " + std::to_string(line) + ": " + result.description());
+int LineAt(const std::string& text, std::ptrdiff_t offset) {
+  const auto end = text.begin() + std::clamp<std::ptrdiff_t>(offset, 0, std::ssize(text));
+  return 1 + static_cast<int>(std::count(text.begin(), end, '\n'));
 }
 
 std::string ReferenceSystem(const pugi::xml_node& parent) {
@@ -74,14 +46,25 @@ std::string ReferenceSystem(const pugi::xml_node& parent) {
   return wkt.empty() ? system.child_value("proj4") : wkt;
 }
 
+/// In either form that a custom property has been written in; empty if it isn't there.
+std::string CustomProperty(const pugi::xml_node& of, const char* name) {
+  const pugi::xml_node properties = of.child("customproperties");
+  const pugi::xml_node now =
+      properties.child("Option").find_child_by_attribute("Option", "name", name);
+  const pugi::xml_node before = properties.find_child_by_attribute("property", "key", name);
+  return (now ? now : before).attribute("value").as_string();
+}
+
 LayerDefinition ReadLayer(const pugi::xml_node& xml) {
   LayerDefinition layer;
   layer.name = xml.child_value("layername");
   layer.type = xml.attribute("type").as_string("vector");
-  layer.provider = xml.child_value("provider");
-  layer.encoding = xml.child("provider").attribute("encoding").as_string();
-  layer.dataSource = xml.child_value("datasource");
-  layer.subset = xml.child_value("subset");
+  layer.data.provider = xml.child_value("provider");
+  layer.data.encoding = xml.child("provider").attribute("encoding").as_string();
+  layer.data.dataSource = xml.child_value("datasource");
+  layer.data.subset = xml.child_value("subset");
+  layer.data.filterExpression = CustomProperty(xml, "brelmon/filterExpression");
+  layer.data.filter = CustomProperty(xml, "brelmon/filter");
   layer.crs = ReferenceSystem(xml.child("srs"));
   layer.hasGeometry = std::string(xml.attribute("geometry").as_string()) != "No geometry";
   for (const pugi::xml_node& alias : xml.child("aliases").children("alias")) {
@@ -98,27 +81,13 @@ LayerDefinition ReadLayer(const pugi::xml_node& xml) {
   return layer;
 }
 
-/// Both forms that a custom property has been written in.
-bool IsMarkedAsDataFrame(const pugi::xml_node& group) {
-  const pugi::xml_node properties = group.child("customproperties");
-  const auto holds = [](const pugi::xml_node& parent, const char* tag, const char* nameOf) {
-    return std::any_of(
-        parent.children(tag).begin(), parent.children(tag).end(), [&](const pugi::xml_node& entry) {
-          return std::string(entry.attribute(nameOf).as_string()) == "brelmon/dataFrame" &&
-                 entry.attribute("value").as_bool();
-        });
-  };
-  return holds(properties.child("Option"), "Option", "name") ||
-         holds(properties, "property", "key");
-}
-
 TreeNode ReadNode(const pugi::xml_node& xml) {
   TreeNode node;
   node.name = xml.attribute("name").as_string();
   node.layerId = xml.attribute("id").as_string();
   node.checked = std::string(xml.attribute("checked").as_string("Qt::Checked")) != "Qt::Unchecked";
   node.expanded = xml.attribute("expanded").as_bool(true);
-  node.dataFrame = node.layerId.empty() && IsMarkedAsDataFrame(xml);
+  node.dataFrame = node.layerId.empty() && CustomProperty(xml, "brelmon/dataFrame") == "true";
   for (const pugi::xml_node& child : xml.children()) {
     const std::string tag = child.name();
     if (tag == "layer-tree-group" || tag == "layer-tree-layer") {
@@ -164,18 +133,16 @@ std::string FindMapDocument(const std::string& module) {
 
 Project ReadProject(const std::string& file) {
   pugi::xml_document document;
-  ParseXml(file, document);
+  const std::string text = ReadProjectXml(file, document);
   const pugi::xml_node root = document.document_element();
-  const std::string tag = root.name();
-  if (tag != "qgis" && tag != "qlr") Refuse(file, "it is no QGIS file");
-  if (!root.child("layer-tree-group")) Refuse(file, "it has no layer tree");
   Project project;
   project.file = file;
   project.folder = FolderOf(file);
   project.root = ReadNode(root.child("layer-tree-group"));
   for (const char* section : {"projectlayers", "maplayers"}) {
     for (const pugi::xml_node& layer : root.child(section).children("maplayer")) {
-      project.layers[layer.child_value("id")] = ReadLayer(layer);
+      LayerDefinition& read = project.layers[layer.child_value("id")] = ReadLayer(layer);
+      read.sourceLine = LineAt(text, layer.child("datasource").offset_debug());
     }
   }
   project.crs = ReferenceSystem(root.child("projectCrs"));
@@ -184,6 +151,27 @@ Project ReadProject(const std::string& file) {
     project.crs = ReferenceSystem(root.child("mapcanvas").child("destinationsrs"));
   }
   return project;
+}
+
+std::string WrittenPath(const LayerDefinition& layer) {
+  const std::string& source = layer.data.dataSource;
+  if (layer.data.provider == "delimitedtext") {
+    const std::size_t from = source.starts_with("file:///") ? 7
+                             : source.starts_with("file:")  ? 5
+                                                            : 0;
+    return source.substr(from, source.find('?') - from);
+  }
+  if (layer.data.provider == "spatialite") {
+    const auto from = source.find("dbname='");
+    return from == source.npos ? ""
+                               : source.substr(from + 8, source.find('\'', from + 8) - from - 8);
+  }
+  const bool files =
+      layer.data.provider == "ogr" || layer.data.provider == "gdal" || layer.data.provider.empty();
+  const std::string path = source.substr(0, source.find('|'));
+  // "NETCDF:..." and "https://..." are names of GDAL's own or of a server, "C:..." is a drive.
+  const auto colon = path.find(':');
+  return !files || path.starts_with("/vsi") || (colon != path.npos && colon > 1) ? "" : path;
 }
 
 std::vector<TreeNode> DataFrames(const Project& project) {

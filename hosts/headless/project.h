@@ -9,16 +9,16 @@
 #include <string>
 #include <vector>
 
+#include "hosts/data/sourceaddress.h"
+
 namespace brelmon::headless {
 
 /// A layer of any kind, as it is written down. All texts are UTF-8.
 struct LayerDefinition {
   std::string name;
-  std::string type;        // "vector", "raster", ...
-  std::string provider;    // "ogr", "delimitedtext", ...
-  std::string dataSource;  // as the provider writes it
-  std::string subset;      // where it stands apart from the data source
-  std::string encoding;
+  std::string type;  // "vector", "raster", ...
+  data::SourceText data;
+  int sourceLine = 1;  // of the data source in the file, unpacked
   std::string crs;  // an authority's code or a definition; empty where none is told
   bool hasGeometry = true;
   std::map<std::string, std::string> aliases;  // by field name
@@ -51,6 +51,10 @@ std::string FindMapDocument(const std::string& module);
 /// Reads a .qgs or .qgz file; a .qlr file has neither reference system nor extent. Throws
 /// std::runtime_error with the file's name and the reason.
 Project ReadProject(const std::string& file);
+
+/// The file of a data source as it is written there: a relative or absolute path. Empty where the
+/// source is none: on a server, in memory.
+std::string WrittenPath(const LayerDefinition& layer);
 
 /// The top-level groups that are data frames, or one frame "Layers" over the whole tree.
 std::vector<TreeNode> DataFrames(const Project& project);

@@ -5,10 +5,11 @@
 #include <algorithm>
 #include <limits>
 
+#include "hosts/columns/cursor.h"
+#include "hosts/columns/querytokens.h"
 #include "hosts/common/folderworkspace.h"
 #include "hosts/common/hostfailure.h"
 #include "hosts/headless/fieldobjects.h"
-#include "hosts/headless/rows.h"
 #include "hosts/headless/shape.h"
 #include "hosts/headless/tableselection.h"
 #include "platform/workspace.h"
@@ -16,7 +17,7 @@
 namespace brelmon::headless {
 namespace {
 
-std::int32_t Count32(GIntBig count) {
+std::int32_t Count32(std::int64_t count) {
   if (count > std::numeric_limits<std::int32_t>::max()) host::Fail(failure::kOverflow);
   return static_cast<std::int32_t>(count);
 }
@@ -34,7 +35,7 @@ class Table : public IHostTable,
       : settings_(std::move(settings)), selection_(std::make_shared<RowSelection>(*this)) {}
   ~Table() override { selection_->OwnerIsGone(); }
 
-  const std::shared_ptr<VectorSource>& Source() override { return settings_.source; }
+  const std::shared_ptr<data::VectorSource>& Source() override { return settings_.source; }
   const OGRSpatialReference* ReferenceSystem() override {
     if (settings_.crs) return settings_.crs.get();
     return settings_.source ? settings_.source->ReferenceSystem() : nullptr;
@@ -43,11 +44,10 @@ class Table : public IHostTable,
 
   // Rows.
   Ref<ICursor> Search(const Ref<IQueryFilter>& filter, bool recycling) override {
-    return NewCursor(Reached(), TriedClause(filter), filter ? filter->SubFields : Text(),
-                     recycling);
+    return SearchSelected(filter, recycling, nullptr);
   }
   std::int32_t RowCount(const Ref<IQueryFilter>& filter) override {
-    VectorSource& source = *Reached();
+    data::VectorSource& source = *Reached();
     const Text clause = TriedClause(filter);
     const auto known = counts_.find(clause);
     if (known != counts_.end()) return known->second;
@@ -56,8 +56,8 @@ class Table : public IHostTable,
   }
   Text DefinitionExpression() override { return settings_.definition; }
   void SetDefinitionExpression(const Text& expression) override {
-    TryClause(*Reached(), expression);
-    settings_.definition = expression;
+    Reached()->TryClause(expression);
+    settings_.definition = columns::IsBlank(expression) ? Text() : expression;
   }
 
   // Selection.
@@ -66,12 +66,13 @@ class Table : public IHostTable,
     return IsReached() ? Ref<ISelectionSet>(selection_) : Ref<ISelectionSet>();
   }
   void SelectRows(const Ref<IQueryFilter>& filter, SelectionMethod method, bool justOne) override {
-    VectorSource& source = *Reached();
+    data::VectorSource& source = *Reached();
     const GeometryPtr shape = ShapeOf(filter);
     const Text clause = TriedClause(filter);
     const bool known = counted_ && counted_->first == clause && !shape && !justOne;
-    RowIds rows =
-        known ? std::move(counted_->second) : IdsOfRows(source, clause, shape.get(), justOne);
+    columns::RowIds rows = known   ? std::move(counted_->second)
+                           : shape ? source.IdsTouching(clause, *shape, justOne)
+                                   : source.IdsOfRows(clause, justOne);
     if (known) counted_.reset();
     selection_->Combine(std::move(rows), method);
   }
@@ -89,41 +90,48 @@ class Table : public IHostTable,
   }
   Ref<IField> Field(std::int32_t index) override { return NewField(FieldAt(*Reached(), index)); }
   Ref<IFieldInfo> FieldInfo(std::int32_t index) override {
-    const Text name = FieldAt(*Reached(), index).name;
+    const Text name = FromUtf8(FieldAt(*Reached(), index).Name);
     const auto alias = settings_.aliases.find(name);
     return NewFieldInfo(alias == settings_.aliases.end() ? name : alias->second,
                         settings_.hiddenFields.count(name) == 0);
   }
-  std::int32_t FindField(const Text& name) override { return Reached()->FindField(name); }
+  std::int32_t FindField(const Text& name) override {
+    return columns::FindField(Reached()->Fields(), name);
+  }
   Ref<IFields> Fields() override { return NewFields(Reached()); }
 
   // Dataset.
   Ref<IWorkspace> Workspace() override {
-    const VectorSource& source = Bound();
+    const data::VectorSource& source = Bound();
     return host::NewWorkspace(source.WorkspacePath(), source.Kind());
   }
   Ref<IObject> FullName() override {
-    const VectorSource& source = Bound();
+    const data::VectorSource& source = Bound();
     return New<host::DatasetPath>(source.Address().path, source.TableName());
+  }
+
+  Rows VisibleRows(bool selected) override {
+    return {Reached(), {{}, settings_.definition, selected ? selection_->Ids() : nullptr}};
   }
 
   // For the selection.
   Ref<ICursor> SearchSelected(const Ref<IQueryFilter>& filter, bool recycling,
-                              std::shared_ptr<const RowIds> ids) override {
-    return NewCursor(Reached(), TriedClause(filter), filter ? filter->SubFields : Text(), recycling,
-                     std::move(ids));
+                              std::shared_ptr<const columns::RowIds> ids) override {
+    columns::RowRequest request{{}, TriedClause(filter), std::move(ids)};
+    return columns::NewCursor(Reached(), std::move(request), filter ? filter->SubFields : Text(),
+                              recycling);
   }
 
  protected:
   Text OwnName() const { return settings_.name; }
   bool IsReached() const { return settings_.source && settings_.source->Valid() && !gone_; }
 
-  VectorSource& Bound() {
+  data::VectorSource& Bound() {
     if (!settings_.source) host::Fail(failure::kObjectNotSet);
     return *settings_.source;
   }
   /// The source for a data call.
-  const std::shared_ptr<VectorSource>& Reached() {
+  const std::shared_ptr<data::VectorSource>& Reached() {
     if (gone_) {
       host::Fail(failure::kNoSuchObject,
                  "\"" + ToUtf8(settings_.name) + "\" is no longer part of the map.");
@@ -142,26 +150,26 @@ class Table : public IHostTable,
   static constexpr std::size_t kCountsKept = 16;
 
   /// A query is tried before it selects: what is read row by row for the count is kept for that.
-  GIntBig CountAndKeep(VectorSource& source, const Text& clause) {
+  std::int64_t CountAndKeep(data::VectorSource& source, const Text& clause) {
     counted_.reset();
-    if (host::IsBlank(clause) || !source.PlainTable()) return CountRows(source, clause);
-    counted_.emplace(clause, IdsOfRows(source, clause, nullptr, false));
-    return static_cast<GIntBig>(counted_->second.size());
+    if (columns::IsBlank(clause) || source.HasOwnSql()) return source.CountRows(clause);
+    counted_.emplace(clause, source.IdsOfRows(clause, false));
+    return static_cast<std::int64_t>(counted_->second.size());
   }
 
   /// The filter and the definition together; the filter is tried by itself first.
   Text TriedClause(const Ref<IQueryFilter>& filter) {
     if (!filter || filter->WhereClause.empty()) return settings_.definition;
-    TryClause(*Reached(), filter->WhereClause);
-    return BothClauses(settings_.definition, filter->WhereClause);
+    Reached()->TryClause(filter->WhereClause);
+    return columns::BothClauses(settings_.definition, filter->WhereClause);
   }
 
   /// The shape of a spatial filter in this table's reference system; null for other filters.
   GeometryPtr ShapeOf(const Ref<IQueryFilter>& filter) {
     const Ref<ISpatialFilter> spatial = filter.TryAs<ISpatialFilter>();
     if (!spatial) return nullptr;
-    const VectorSource& source = *Reached();
-    if (!source.HasGeometry() || !EqualNoCase(spatial->GeometryField, source.GeometryField())) {
+    const data::VectorSource& source = *Reached();
+    if (!source.HasGeometry() || !EqualNoCase(spatial->GeometryField, data::kShapeField)) {
       host::Fail(failure::kRefused, "The query was refused: there is no geometry field \"" +
                                         ToUtf8(spatial->GeometryField) + "\".");
     }
@@ -173,7 +181,7 @@ class Table : public IHostTable,
   TableSettings settings_;
   std::shared_ptr<RowSelection> selection_;
   std::map<Text, std::int32_t> counts_;
-  std::optional<std::pair<Text, RowIds>> counted_;  // the rows of one clause
+  std::optional<std::pair<Text, columns::RowIds>> counted_;  // the rows of one clause
   bool gone_ = false;
 };
 
@@ -222,10 +230,10 @@ Ref<IStandaloneTable> NewStandaloneTable(TableSettings settings) {
 }
 
 Ref<ITable> OpenTable(const std::string& systemPath) {
-  SourceAddress address;
+  data::SourceAddress address;
   address.path = systemPath;
   TableSettings settings;
-  settings.source = std::make_shared<VectorSource>(address);
+  settings.source = std::make_shared<data::VectorSource>(address);
   if (!settings.source->Valid()) settings.source->Open();  // fails with the reason
   settings.name = settings.source->TableName();
   return New<Table>(std::move(settings));

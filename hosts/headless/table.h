@@ -5,14 +5,15 @@
 #include <map>
 #include <set>
 
-#include "hosts/headless/vectorsource.h"
+#include "hosts/columns/dissolve.h"
+#include "hosts/data/vectorsource.h"
 #include "platform/map.h"
 
 namespace brelmon::headless {
 
 struct TableSettings {
   Text name;
-  std::shared_ptr<VectorSource> source;
+  std::shared_ptr<data::VectorSource> source;
   Text definition;
   std::map<Text, Text> aliases;  // by field name
   std::set<Text> hiddenFields;
@@ -20,9 +21,9 @@ struct TableSettings {
 };
 
 /// What every layer and table of this host offers beside the tools' interfaces.
-class IHostTable : public virtual IObject {
+class IHostTable : public virtual columns::IColumnTable {
  public:
-  virtual const std::shared_ptr<VectorSource>& Source() = 0;
+  virtual const std::shared_ptr<data::VectorSource>& Source() = 0;
   /// The reference system of its shapes; null where it is unknown.
   virtual const OGRSpatialReference* ReferenceSystem() = 0;
   /// The map has let go of it: from now on its data calls fail.

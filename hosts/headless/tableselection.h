@@ -2,7 +2,7 @@
 // The selected rows of one table, by identifier.
 #pragma once
 
-#include "hosts/headless/rows.h"
+#include "hosts/columns/rows.h"
 
 namespace brelmon::headless {
 
@@ -13,21 +13,21 @@ class RowSelection : public ISelectionSet {
    public:
     virtual ~Owner() = default;
     virtual Ref<ICursor> SearchSelected(const Ref<IQueryFilter>& filter, bool recycling,
-                                        std::shared_ptr<const RowIds> ids) = 0;
+                                        std::shared_ptr<const columns::RowIds> ids) = 0;
   };
 
-  explicit RowSelection(Owner& owner) : owner_(&owner), ids_(std::make_shared<RowIds>()) {}
+  explicit RowSelection(Owner& owner) : owner_(&owner), ids_(std::make_shared<columns::RowIds>()) {}
   void OwnerIsGone() { owner_ = nullptr; }
 
-  void Combine(RowIds rows, SelectionMethod method);
+  void Combine(columns::RowIds rows, SelectionMethod method);
   std::int32_t Count() override { return static_cast<std::int32_t>(ids_->size()); }
-  const std::shared_ptr<const RowIds>& Ids() const { return ids_; }
+  const std::shared_ptr<const columns::RowIds>& Ids() const { return ids_; }
   /// Selected rows that are also under the table's definition and the filter.
   Ref<ICursor> Search(const Ref<IQueryFilter>& filter, bool recycling) override;
 
  private:
   Owner* owner_;
-  std::shared_ptr<const RowIds> ids_;
+  std::shared_ptr<const columns::RowIds> ids_;
 };
 
 }  // namespace brelmon::headless

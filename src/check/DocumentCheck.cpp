@@ -7,6 +7,7 @@
 #include <cmath>
 
 #include "check/ModuleText.h"
+#include "check/SourcesCheck.h"
 #include "frame/guard.h"
 #include "platform/number.h"
 #include "util/aml_func_mod.h"
@@ -45,27 +46,41 @@ struct FieldValues {
 
 class DocumentCheck {
  public:
-  DocumentCheck(const CheckedModule& module, Text name, std::vector<Finding>& findings)
-      : module_(module), name_(std::move(name)), findings_(findings) {
+  DocumentCheck(const CheckedModule& module, const Text& directory, std::vector<Finding>& findings)
+      : module_(module),
+        directory_(directory),
+        name_(module.DocumentPath.substr(directory.size())),
+        findings_(findings) {
     Guard::Ignore([&] { text_ = ModuleText::Read(*module.Files, module.DocumentPath).Bytes(); });
   }
 
-  void Folder(const Text& directory) {
+  void Folder() {
+    const Text& directory = directory_;
     const Text taken = ReturnDir(module_.DocumentPath);
     if (taken == directory) return;
     Text mended = directory;
     std::erase(mended, u'\'');
-    findings_.push_back({name_, 1, Severity::Fails,
-                         u"the tools can't follow the apostrophe in the module's path",
-                         u"they look for QuickLoad.txt and media_list.txt in " + taken, mended});
+    findings_.push_back(
+        {name_, 1, Severity::Fails,
+         u"an apostrophe stands in the name of the module's folder, or of one above",
+         u"the tools look for QuickLoad.txt and media_list.txt in another folder",
+         u"rename the folder: " + NameOf(directory, mended)});
   }
 
   void Maps() {
+    gone_ = CheckSources(module_, directory_, module_.DocumentPath, findings_);
     const auto pMaps = module_.Document->Maps();
     for (std::int32_t index = 0; index < pMaps->Count(); ++index) Map(pMaps->Item(index));
   }
 
  private:
+  /// The first folder of a path that is spelt otherwise when mended.
+  static Text NameOf(const Text& path, const Text& mended) {
+    const auto apostrophe = path.find(u'\'');
+    const auto from = path.rfind(u'\\', apostrophe) + 1;
+    return mended.substr(from, mended.find(u'\\', from) - from);
+  }
+
   void Map(const Ref<IMap>& map) {
     Ref<IEnumLayer> layers;
     Guard::Ignore([&] { layers = map->Layers(nullptr, true); });  // fails where there are none
@@ -91,19 +106,24 @@ class DocumentCheck {
   }
 
   void Gone(const Text& kind, const Text& item) {
+    if (gone_.count(item) != 0) return;
     Add(item, Severity::Fails, u"the data of the " + kind + u" \"" + item + u"\" is gone",
-        u"the tools leave it out or refuse it", u"put the data back, or remove the " + kind);
+        u"the tools leave it out or refuse it",
+        u"put the data back, mend the " + kind + u"'s filter, or remove it");
   }
 
   void Values(const Text& item, const Ref<IObject>& object, bool nullsStop) {
     std::vector<FieldValues> fields;
-    // A source that can't be read shows itself in every tool; there is nothing to add here.
-    Guard::Ignore([&] { fields = Gather(object); });
+    if (Guard::Ignore([&] { fields = Gather(object); }) != 0) {
+      return Add(item, Severity::Fails,
+                 u"the records of \"" + item + u"\" can't be read to the end",
+                 u"every tool that reads them stops with an error", u"put the data there anew");
+    }
     for (const FieldValues& field : fields) {
       if (nullsStop && field.Nulls > 0) {
         Add(item, Severity::Fails,
-            u"the field " + field.Name + u" of \"" + item + u"\" has " +
-                Count(field.Nulls, u"null"),
+            u"the field " + field.Name + u" of \"" + item + u"\" is empty (null) in " +
+                Count(field.Nulls, u"record"),
             u"Calculate Statistics on all its records stops with an error",
             u"give each record a value, or hide the field");
       }
@@ -162,17 +182,19 @@ class DocumentCheck {
   }
 
   const CheckedModule& module_;
+  const Text& directory_;
   Text name_;
   std::string text_;
   std::vector<Finding>& findings_;
+  std::set<Text> gone_;  // layers that were told of
 };
 
 }  // namespace
 
 void CheckDocument(const CheckedModule& module, const Text& directory,
                    std::vector<Finding>& findings) {
-  DocumentCheck check(module, module.DocumentPath.substr(directory.size()), findings);
-  check.Folder(directory);
+  DocumentCheck check(module, directory, findings);
+  check.Folder();
   if (module.Document) check.Maps();
 }
 

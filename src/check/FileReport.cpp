@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "frame/guard.h"
+#include "check/Spelling.h"
 #include "platform/codepage.h"
 #include "platform/number.h"
 #include "util/aml_func_mod.h"
@@ -12,16 +12,8 @@
 namespace brelmon {
 namespace {
 
-const Text kFix = u"run check --fix, or save the file as Windows-1252 (ANSI) with CR LF line ends";
-
-Text LastComponent(const Text& path) {
-  const auto slash = path.find_last_of(u"\\/");
-  return slash == Text::npos ? path : path.substr(slash + 1);
-}
-
-bool IsAbsolute(const Text& path) {
-  return (path.size() > 1 && path[1] == u':') || path.starts_with(u"\\") || path.starts_with(u"/");
-}
+const Text kFix =
+    u"run check --fix, or save the file as ANSI (Windows-1252) with Windows line ends";
 
 }  // namespace
 
@@ -34,17 +26,18 @@ void FileReport::Add(std::int32_t line, Severity grade, Text wrong, Text then, T
 
 bool FileReport::Form(bool firstLineMatters) {
   if (text_.IsUtf16()) {
-    Add(1, Severity::Fails, u"the file is encoded as UTF-16 (\"Unicode\")",
-        u"the tools find nothing in it", kFix);
+    Add(1, Severity::Fails, u"the file is saved as UTF-16 (\"Unicode\")",
+        u"the tools find nothing in it",
+        text_.HasMark() ? kFix : u"save the file as ANSI (Windows-1252) with Windows line ends");
     return false;
   }
   if (text_.HasMark()) {
     Add(1, firstLineMatters ? Severity::Fails : Severity::Note,
-        u"the file begins with a byte-order mark",
+        u"the file begins with a byte-order mark, an editor's sign for UTF-8",
         u"the tools take it for letters of the first line (\u00EF\u00BB\u00BF)", kFix);
   }
   if (text_.OnlyLineFeeds()) {
-    Add(1, Severity::Fails, u"the lines end in LF only",
+    Add(1, Severity::Fails, u"the lines end in LF only, as on other systems than Windows",
         u"the tools take the whole file for one line and find nothing in it", kFix);
     return false;
   }
@@ -54,60 +47,71 @@ bool FileReport::Form(bool firstLineMatters) {
 Text FileReport::Meant(std::int32_t line, const Text& asRead, Severity grade) {
   const Text meant = text_.Meant(asRead);
   if (text_.IsUtf8Line(asRead) && ToWindows1252(asRead) != ToWindows1252(meant)) {
-    Add(line, grade, u"the line is encoded as UTF-8", u"the tools read \"" + asRead + u"\"",
-        FitsWindows1252(meant) ? u"as Windows-1252: " + meant
-                               : u"write it with letters that Windows-1252 has: " + meant);
-  }
-  const auto lineFeed = meant.find(u'\n');
-  if (lineFeed != Text::npos) {
-    Add(line, grade, u"the line ends in LF only", u"the tools take it and the next for one line",
-        kFix);
+    const Text misfit = FirstMisfit(meant);
+    Add(line, grade, u"the line is saved as UTF-8", u"the tools read \"" + asRead + u"\"",
+        misfit.empty()
+            ? u"saved as ANSI (Windows-1252): " + meant
+            : u"write it without \"" + misfit + u"\", which Windows-1252 lacks: " + meant);
   }
   return meant;
 }
 
-bool FileReport::Exists(const Text& path) const {
-  return Guard::Ignore([&] { files_.Attributes(path); }) == 0;
+bool FileReport::HoldsLineFeed(std::int32_t line, const Text& asRead, Severity grade) {
+  const auto at = asRead.find(u'\n');
+  if (at == Text::npos) return false;
+  Add(line, grade, u"the line ends in LF only, unlike the others",
+      u"the tools take it and the next for one line",
+      u"run check --fix, or press Enter anew behind: " + text_.Meant(asRead.substr(0, at)));
+  return true;
 }
 
-void FileReport::File(std::int32_t line, const Text& written, const Text& full, const Text& then,
+bool FileReport::HoldsInvisible(std::int32_t line, const Text& text, Severity grade,
+                                const Text& then) {
+  if (!HasInvisible(text)) return false;
+  Add(line, grade, u"an invisible control character stands in the line", then, Visible(text));
+  return true;
+}
+
+PathVerdict FileReport::Judge(const Text& path) const {
+  return JudgePath(module_, {directory_, directory_}, path);
+}
+
+bool FileReport::IsFile(const Text& path) const { return ExistFileDir(directory_ + path); }
+
+bool FileReport::Path(std::int32_t line, const Text& written, const Text& then,
                       const std::function<Text(const Text& path)>& remake) {
-  constexpr std::int32_t kFolder = 16;
-  std::int32_t attributes = -1;
-  Guard::Ignore([&] { attributes = files_.Attributes(full); });
-  if (attributes == -1) return Missing(line, written, then, remake);
-  if (attributes & kFolder) {
-    return Add(line, Severity::Fails, u"the path is that of a folder", u"it can't be opened",
-               remake(written + u"\\FILE"));
-  }
-  Text actual, meant = full;
-  std::replace(meant.begin(), meant.end(), u'/', u'\\');
-  Guard::Ignore([&] { files_.GetLongPathName(full, actual); });
-  if (!EqualNoCase(actual, meant)) return;
-  const Text path = actual.substr(directory_.size());
-  if (path == meant.substr(directory_.size())) return;
-  Add(line, Severity::Note, u"the file's name has other capitals: " + path,
-      u"the tools find it all the same, other programs may not", remake(path));
+  const PathVerdict verdict = Judge(written);
+  using Fault = PathVerdict::Fault;
+  if (verdict.Is == Fault::None) return true;
+  const bool opens = verdict.Is == Fault::Capitals || verdict.Is == Fault::Letters;
+  const bool isThere = opens || IsFile(written);
+  Text does = then;
+  if (verdict.Is == Fault::Folder) does = u"it can't be opened";
+  if (verdict.Is == Fault::Elsewhere && isThere) does = u"on another computer " + then;
+  if (opens) does = u"the tools find it all the same, other programs may not";
+  Add(line, opens ? Severity::Note : Severity::Fails, verdict.Wrong, does,
+      verdict.Advice + remake(verdict.Mended));
+  return isThere && verdict.Is != Fault::Folder;
 }
 
-void FileReport::Missing(std::int32_t line, const Text& written, const Text& then,
-                         const std::function<Text(const Text& path)>& remake) {
-  const Text trimmed = Trim(written);
-  if (FindNoCase(written, directory_) == 0) {
-    return Add(line, Severity::Fails,
-               u"the path is absolute, where one from the document's folder is wanted", then,
-               remake(written.substr(directory_.size())));
+bool IsInModule(const CheckedModule& module, const Text& directory, const FileNames& names,
+                std::vector<Finding>& findings) {
+  const Text due(names.Due);
+  if (ExistFileDir(directory + due)) return true;
+  std::vector<Text> there;
+  if (module.Host) there = module.Host->NamesIn(directory);
+  const auto doubled = std::find_if(there.begin(), there.end(), [&](const Text& name) {
+    return EqualNoCase(name, due + u".txt") || EqualNoCase(name + u".txt", due);
+  });
+  const auto meant = doubled == there.end() ? Nearest(due, there, 2) : *doubled;
+  if (meant) {
+    findings.push_back({*meant, 1, Severity::Fails, u"the file's name is not " + due,
+                        Text(names.Then), u"rename it to " + due});
+  } else {
+    findings.push_back({due, 1, Severity::Note, u"there is no such file", Text(names.Then),
+                        Text(names.Otherwise)});
   }
-  if (IsAbsolute(written)) {
-    return Add(line, Severity::Fails,
-               u"the path is absolute, where one from the document's folder is wanted", then,
-               u"copy the file to the module and write: " + remake(LastComponent(written)));
-  }
-  if (trimmed != written && !trimmed.empty() && Exists(directory_ + trimmed)) {
-    return Add(line, Severity::Fails, u"blanks stand around the path", then, remake(trimmed));
-  }
-  Add(line, Severity::Fails, u"there is no such file: \"" + written + u"\"", then,
-      u"put the file there, or write: " + remake(u"PATH"));
+  return false;
 }
 
 }  // namespace brelmon

@@ -4,17 +4,25 @@
 
 #include <functional>
 
-#include "check/Finding.h"
+#include "check/ModuleCheck.h"
 #include "check/ModuleText.h"
+#include "check/PathCheck.h"
 
 namespace brelmon {
+
+/// A text file of the module, and what is said where it isn't there.
+struct FileNames {
+  TextView Due;        // as the tools look for it
+  TextView Then;       // what they do where it isn't there
+  TextView Otherwise;  // what an author without it may do
+};
 
 class FileReport {
  public:
   /// `directory` is the document's, with its closing backslash. All must outlive the report.
-  FileReport(TextView file, const Text& directory, IFileSystem& files, const ModuleText& text,
-             std::vector<Finding>& findings)
-      : file_(file), directory_(directory), files_(files), text_(text), findings_(findings) {}
+  FileReport(const CheckedModule& module, TextView file, const Text& directory,
+             const ModuleText& text, std::vector<Finding>& findings)
+      : module_(module), file_(file), directory_(directory), text_(text), findings_(findings) {}
 
   /// The number of the tools' line `line` as an editor counts, as text.
   Text EditorLine(std::int32_t line) const;
@@ -26,21 +34,28 @@ class FileReport {
   bool Form(bool firstLineMatters);
   /// Tells of a line that was written as UTF-8; gives what its author meant.
   Text Meant(std::int32_t line, const Text& asRead, Severity grade);
-  /// A file beside the document. `written` is the path in the line, `full` what the tools make of
-  /// it, `then` what they do if it isn't there; `remake` makes the line with another path.
-  void File(std::int32_t line, const Text& written, const Text& full, const Text& then,
+  /// Tells of a line feed in what the tools take for one line; false where there is none.
+  bool HoldsLineFeed(std::int32_t line, const Text& asRead, Severity grade);
+  /// Tells of control characters; false where there are none. `then` is what they do.
+  bool HoldsInvisible(std::int32_t line, const Text& text, Severity grade, const Text& then);
+  PathVerdict Judge(const Text& path) const;
+  /// Whether a path from the document's folder leads to something.
+  bool IsFile(const Text& path) const;
+  /// A path that counts from the document's folder; `then` is what the tools do if the file isn't
+  /// there, `remake` makes the line with another path. False where it can't be opened.
+  bool Path(std::int32_t line, const Text& written, const Text& then,
             const std::function<Text(const Text& path)>& remake);
 
  private:
-  void Missing(std::int32_t line, const Text& written, const Text& then,
-               const std::function<Text(const Text& path)>& remake);
-  bool Exists(const Text& path) const;
-
+  const CheckedModule& module_;
   Text file_;
   const Text& directory_;
-  IFileSystem& files_;
   const ModuleText& text_;
   std::vector<Finding>& findings_;
 };
+
+/// Whether the file is there; tells where it isn't, and of one whose name comes close.
+bool IsInModule(const CheckedModule& module, const Text& directory, const FileNames& names,
+                std::vector<Finding>& findings);
 
 }  // namespace brelmon

@@ -15,7 +15,7 @@ enum class Severity {
 };
 
 struct Finding {
-  Text File;              // name without folder
+  Text File;              // from the module's folder on
   std::int32_t Line = 1;  // as an editor counts; 1 where there is none to tell
   Severity Grade = Severity::Fails;
   Text Wrong, Then, Mended;

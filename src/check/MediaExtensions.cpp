@@ -35,9 +35,17 @@ std::vector<std::int32_t> CodesForLocation(const Text& location) {
   return codes;
 }
 
+bool LooksLikeAddress(const Text& location) {
+  return location.find(u"//") != Text::npos || FindNoCase(location, u"www.") == 0;
+}
+
 Text CodeFor(const Text& location) {
-  const auto codes = CodesForLocation(location);
-  return codes.empty() ? Text(u"CODE") : GeneralText(codes.front());
+  constexpr std::int32_t kWebsite = 3;
+  if (LooksLikeAddress(location)) return GeneralText(kWebsite);
+  for (const std::int32_t code : CodesForLocation(location)) {
+    if (code != kWebsite || FindNoCase(location, u".url") != Text::npos) return GeneralText(code);
+  }
+  return u"5";
 }
 
 }  // namespace brelmon

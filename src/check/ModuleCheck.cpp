@@ -3,13 +3,13 @@
 #include "check/ModuleCheck.h"
 
 #include <algorithm>
+#include <tuple>
 
 #include "check/DocumentCheck.h"
 #include "check/MediaListCheck.h"
 #include "check/ModuleText.h"
 #include "check/QuickLoadCheck.h"
 #include "media/MediaList.h"
-#include "platform/number.h"
 #include "quickload/QuickLoadFile.h"
 #include "util/aml_func_mod.h"
 
@@ -30,7 +30,9 @@ Text DirectoryOf(const Text& documentPath) {
 }
 
 void Write(IFileSystem& files, const Text& path, const std::string& bytes) {
-  files.Open(path, FileMode::Output)->Write(bytes);
+  const auto stream = files.Open(path, FileMode::Output);
+  stream->Write(bytes);
+  stream->Close();
 }
 
 }  // namespace
@@ -42,9 +44,10 @@ std::vector<Finding> CheckModule(const CheckedModule& module) {
   const auto inOrder = [&](auto check) {
     const auto first = static_cast<std::ptrdiff_t>(findings.size());
     check(module, directory, findings);
-    std::stable_sort(
-        findings.begin() + first, findings.end(),
-        [](const Finding& left, const Finding& right) { return left.Line < right.Line; });
+    std::stable_sort(findings.begin() + first, findings.end(),
+                     [](const Finding& left, const Finding& right) {
+                       return std::tie(left.File, left.Line) < std::tie(right.File, right.Line);
+                     });
   };
   inOrder(CheckQuickLoad);
   inOrder(CheckMediaList);
@@ -62,11 +65,7 @@ std::vector<Fixed> FixModule(const CheckedModule& module) {
     const ModuleText text = ModuleText::Read(*module.Files, path);
     const auto repaired = text.Repaired();
     if (!repaired) {
-      std::int32_t line = 1;
-      const Text misfit = text.Misfit(line);
-      all.push_back({Text(name),
-                     {},
-                     u"line " + GeneralText(line) + u": Windows-1252 has no \"" + misfit + u"\""});
+      all.push_back({Text(name), {}, text.WhyNotRepaired()});
     } else if (*repaired != text.Bytes()) {
       const Text copy = MakeUniqueFilename(path);
       Write(*module.Files, copy, text.Bytes());

@@ -2,8 +2,7 @@
 // The module check: reads a module with the tools' own readers and tells what would go wrong.
 #pragma once
 
-#include <functional>
-
+#include "check/CheckHost.h"
 #include "check/Finding.h"
 #include "platform/map.h"
 #include "platform/services.h"
@@ -15,8 +14,7 @@ struct CheckedModule {
   Ref<IMxDocument> Document;  // unset: its layers and tables are not looked at
   IFileSystem* Files = nullptr;
   brelmon::Locale Locale;
-  /// The layer inside a layer file, for hosts that can tell; fails where it can't be read.
-  std::function<Ref<ILayer>(const Text& path)> OpenLayerFile = {};
+  ICheckHost* Host = nullptr;  // unset: layer files, data sources and queries are not looked at
 };
 
 /// All findings: QuickLoad.txt, media_list.txt, then the document, each by line. While it runs, the
@@ -30,8 +28,8 @@ struct Fixed {
 };
 
 /// Rewrites encodings and line ends of the two text files, nothing else, and keeps a copy of what
-/// it changes. A text that Windows-1252 can't hold is refused and stays as it is. Names only the
-/// files that it changed or refused.
+/// it changes. A text that Windows-1252 can't hold, or whose encoding can only be guessed, is
+/// refused and stays as it is. Names only the files that it changed or refused.
 std::vector<Fixed> FixModule(const CheckedModule& module);
 
 }  // namespace brelmon

@@ -4,7 +4,9 @@
 
 #include <algorithm>
 
+#include "check/Spelling.h"
 #include "platform/codepage.h"
+#include "platform/number.h"
 
 namespace brelmon {
 namespace {
@@ -23,7 +25,13 @@ bool IsUtf8(std::string_view bytes) {
 /// A line tells its encoding for itself: an editor command of the tools may have added
 /// Windows-1252 to a file of UTF-8.
 Text FromEither(std::string_view line) {
-  return IsUtf8(line) ? FromUtf8(line) : FromWindows1252(line);
+  return IsUtf8(line) ? Composed(FromUtf8(line)) : FromWindows1252(line);
+}
+
+/// Half of the bytes, or nearly so, are zeros: letters of two bytes each.
+bool LooksLikeUtf16(std::string_view bytes) {
+  const auto zeros = static_cast<std::size_t>(std::count(bytes.begin(), bytes.end(), '\0'));
+  return zeros > 1 && zeros * 5 >= bytes.size() * 2;
 }
 
 Text FromUtf16(std::string_view bytes, bool bigEndian) {
@@ -46,6 +54,10 @@ ModuleText::ModuleText(std::string bytes) : bytes_(std::move(bytes)) {
     mark_ = kLittleMark.size();
     encoding_ =
         all.starts_with(kLittleMark) ? Encoding::Utf16LittleEndian : Encoding::Utf16BigEndian;
+    return;
+  }
+  if (LooksLikeUtf16(all)) {
+    encoding_ = all[0] == '\0' ? Encoding::Utf16BigEndian : Encoding::Utf16LittleEndian;
     return;
   }
   if (IsUtf8(all.substr(mark_))) encoding_ = Encoding::Utf8;
@@ -96,7 +108,7 @@ Text ModuleText::Decoded() const {
   const std::string_view bytes = std::string_view(bytes_).substr(mark_);
   switch (encoding_) {
     case Encoding::Utf8:
-      return FromUtf8(bytes);
+      return Composed(FromUtf8(bytes));
     case Encoding::Utf16LittleEndian:
     case Encoding::Utf16BigEndian:
       return FromUtf16(bytes, encoding_ == Encoding::Utf16BigEndian);
@@ -115,6 +127,7 @@ Text ModuleText::Decoded() const {
 
 std::optional<std::string> ModuleText::Repaired() const {
   const Text text = Decoded();
+  if (text.find(u'\0') != Text::npos || (IsUtf16() && !HasMark())) return {};
   if (!FitsWindows1252(text)) return {};
   std::string repaired;
   const std::string bytes = ToWindows1252(text);
@@ -131,17 +144,21 @@ std::optional<std::string> ModuleText::Repaired() const {
   return repaired;
 }
 
-Text ModuleText::Misfit(std::int32_t& line) const {
-  line = 1;
-  const Text text = Decoded();
-  for (std::size_t at = 0; at < text.size(); ++at) {
-    const bool pair = (text[at] & 0xFC00) == 0xD800 && at + 1 < text.size();
-    Text character = text.substr(at, pair ? 2 : 1);
-    if (!FitsWindows1252(character)) return character;
-    const bool followed = at + 1 < text.size() && text[at + 1] == u'\n';
-    if (text[at] == u'\n' || (text[at] == u'\r' && !followed)) ++line;
+Text ModuleText::WhyNotRepaired() const {
+  if (IsUtf16() && !HasMark()) {
+    return u"it looks like UTF-16 (\"Unicode\") without its mark: save it as ANSI (Windows-1252)";
   }
-  return {};
+  const Text text = Decoded(), misfit = FirstMisfit(text);
+  const auto zero = text.find(u'\0');
+  const auto at = std::min(zero, misfit.empty() ? Text::npos : text.find(misfit));
+  std::int32_t line = 1;
+  for (std::size_t before = 0; before < at; ++before) {
+    const bool followed = text[before + 1] == u'\n';
+    if (text[before] == u'\n' || (text[before] == u'\r' && !followed)) ++line;
+  }
+  const Text where = u"line " + GeneralText(line) + u": ";
+  return at == zero ? where + u"it holds a zero byte, so it may be no text"
+                    : where + u"Windows-1252 has no \"" + misfit + u"\"";
 }
 
 }  // namespace brelmon

@@ -20,6 +20,7 @@ class ModuleText {
 
   Encoding Is() const { return encoding_; }
   bool HasMark() const { return mark_ != 0; }
+  /// With its mark, or by the zeros between its letters.
   bool IsUtf16() const { return encoding_ >= Encoding::Utf16LittleEndian; }
   /// Line feeds and not one carriage return: the tools see one line.
   bool OnlyLineFeeds() const { return onlyLineFeeds_; }
@@ -36,10 +37,11 @@ class ModuleText {
 
   /// The whole text, mark left out.
   Text Decoded() const;
-  /// Windows-1252 with CR LF behind every line; nothing for a text that the page can't hold.
+  /// Windows-1252 with CR LF behind every line; nothing for a text that the page can't hold, and
+  /// for one with zeros in it, which no editor of texts writes.
   std::optional<std::string> Repaired() const;
-  /// The first character that the page can't hold, and its line in an editor.
-  Text Misfit(std::int32_t& line) const;
+  /// Where and why Repaired gives nothing.
+  Text WhyNotRepaired() const;
 
   const std::string& Bytes() const { return bytes_; }
 

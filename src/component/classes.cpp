@@ -2,8 +2,11 @@
 // The table of classes: identifiers from the command table, makers from here.
 #include "component/classes.h"
 
+#include <algorithm>
+#include <array>
+
 #include "forms/cmdAbout.h"
-#include "frame/commandtable.h"
+#include "frame/commandrows.h"
 #include "frame/toolBarBrelmon.h"
 #include "layertools/OpenTable.h"
 #include "layertools/cmdDeleteSelLayers.h"
@@ -60,21 +63,23 @@ constexpr Maker kMakers[] = {
     {u"cmdSelByGraphic", Make<cmdSelByGraphic>},
     {u"cmdAbout", Make<cmdAbout>},
 };
-static_assert(std::size(kMakers) == 20);
+constexpr bool MakersFollowTable() {
+  return std::ranges::equal(kMakers, rows::kCommands, {}, &Maker::className,
+                            &CommandInfo::ClassName);
+}
+static_assert(MakersFollowTable(), "each row of the command table has its maker, in its order");
+
+constexpr auto kClasses = [] {
+  std::array<ClassEntry, 1 + std::size(kMakers)> classes;
+  classes[0] = {kToolBarClass, rows::kToolBarClassId, Make<toolBarBrelmon>};
+  for (std::size_t i = 0; i < std::size(kMakers); ++i) {
+    classes[1 + i] = {kMakers[i].className, rows::kCommands[i].ClassId, kMakers[i].make};
+  }
+  return classes;
+}();
 
 }  // namespace
 
-const std::array<ClassEntry, 21>& Classes() {
-  static const auto classes = [] {
-    std::array<ClassEntry, 21> table;
-    table[0] = {kToolBarClass, kToolBarClassId, Make<toolBarBrelmon>};
-    for (std::size_t i = 0; i < std::size(kMakers); ++i) {
-      const CommandInfo& command = CommandNamed(kMakers[i].className);
-      table[i + 1] = {command.ClassName, command.ClassId, kMakers[i].make};
-    }
-    return table;
-  }();
-  return classes;
-}
+std::span<const ClassEntry> Classes() { return kClasses; }
 
 }  // namespace brelmon

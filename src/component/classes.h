@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// The twenty-one classes and what makes them.
+// The classes and what makes them.
 #pragma once
 
-#include <array>
+#include <span>
 
 #include "platform/component.h"
 
@@ -15,6 +15,6 @@ struct ClassEntry {
 };
 
 /// The toolbar first, then the commands in order of their bitmaps.
-const std::array<ClassEntry, 21>& Classes();
+std::span<const ClassEntry> Classes();
 
 }  // namespace brelmon

@@ -131,7 +131,7 @@ AnchorObject::Axis AnchorObject::Vertical() {
 }
 
 brelmon::Control& AnchorObject::Control() const {
-  if (!control_) Raise(failure::kObjectNotSet);
+  if (!control_) Raise(other_ ? failure::kNoSuchProperty : failure::kObjectNotSet);
   return *control_;
 }
 

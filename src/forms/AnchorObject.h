@@ -11,7 +11,9 @@ namespace brelmon {
 class AnchorObject : public virtual IObject {
  public:
   void SetControl(brelmon::Control& control) { control_ = &control; }
-  /// Fails with 91 before a control is set.
+  /// An object that is no control: to be held, not to be placed.
+  void SetControl(Ref<IObject> other) { other_ = std::move(other); }
+  /// Fails with 91 before a control is set, with 438 where what was set is none.
   brelmon::Control& Control() const;
 
   Anchor& X() { return x_; }
@@ -32,6 +34,7 @@ class AnchorObject : public virtual IObject {
   Axis Vertical();
 
   brelmon::Control* control_ = nullptr;
+  Ref<IObject> other_;
   Anchor x_, y_, x2_, y2_, xSize_, ySize_;
 };
 

@@ -21,8 +21,11 @@ Ref<AnchorObject> AnchorObjectList::Item(Control& control) {
 }
 
 Ref<AnchorObject> AnchorObjectList::Item(const Ref<AnchorObject>& entry) {
-  if (IndexOf(entry) == 0) Raise(failure::kTypeMismatch);
-  return entry;
+  if (IndexOf(entry) != 0) return entry;
+  const auto object = New<AnchorObject>();
+  object->SetControl(Ref<IObject>(entry));
+  objects_.Add(object);
+  return object;
 }
 
 std::int32_t AnchorObjectList::IndexOfObject(const void* object) const {

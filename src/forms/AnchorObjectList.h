@@ -27,7 +27,7 @@ class AnchorObjectList {
   std::int32_t Count() const { return objects_.Count(); }
   /// Appends an entry for the control, each time: entries are looked for, never their controls.
   Ref<AnchorObject> Item(Control& control);
-  /// The entry itself; one that isn't of this list fails with 13.
+  /// An entry of this list itself; for any other a new one is appended, as for a control.
   Ref<AnchorObject> Item(const Ref<AnchorObject>& entry);
   /// Position of an entry from 1, by identity; 0 for anything else, so for every control.
   std::int32_t IndexOf(const Control& control) const;

@@ -13,6 +13,8 @@ namespace brelmon {
 namespace {
 
 constexpr int kNormalWindow = 1;
+/// Characters of a registry value that fit, a closing zero among them.
+constexpr std::size_t kBufferSize = 1024;
 constexpr Twips kParagraphIndent = 240;
 
 void OpenPage(TextView page) { Shell().Execute(Text(page), {}, kNormalWindow); }
@@ -52,12 +54,14 @@ std::vector<RichTextBox::Run> ModuleText() {
 bool GetKeyValue(RegistryRoot KeyRoot, const Text& KeyName, const Text& SubKeyRef, Text& KeyVal) {
   return Guard::Top(u"GetKeyValue", [&] {
     Value value;
-    if (!Registry().Query(KeyRoot, KeyName, SubKeyRef, value)) {
+    const bool found = Registry().Query(KeyRoot, KeyName, SubKeyRef, value);
+    const Text* read = value.If<Text>();
+    if (!found || (read != nullptr && read->size() > kBufferSize)) {
       KeyVal.clear();
       return false;
     }
-    if (const Text* text = value.If<Text>()) {
-      KeyVal = *text;
+    if (read != nullptr) {
+      KeyVal = *read;
       if (!KeyVal.empty() && KeyVal.back() == u'\0') KeyVal.pop_back();
     } else if (const std::int32_t* number = value.If<std::int32_t>()) {
       KeyVal = GeneralText(*number);

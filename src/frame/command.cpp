@@ -8,8 +8,7 @@
 namespace brelmon {
 
 Ref<StdPicture> LoadResPicture(std::int32_t id) {
-  constexpr std::int32_t kNoSuchResource = 326;
-  if (ResourceBytes(std::to_string(id) + ".bmp").empty()) Raise(kNoSuchResource);
+  if (ResourceBytes(std::to_string(id) + ".bmp").empty()) Raise(failure::kNoSuchResource);
   return New<StdPicture>(id);
 }
 

@@ -1,229 +1,55 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// The table of the twenty commands, and the order of the twelve on the bar.
+// The table of the commands and the bar, and what must be true of their rows.
 #include "frame/commandtable.h"
 
+#include <algorithm>
+
+#include "frame/commandrows.h"
 #include "frame/version.h"
 
 namespace brelmon {
 namespace {
 
-constexpr TextView kCategory = u"Brelmon Commands";
-constexpr TextView kQLCategory = u"Brelmon QL Commands";
+using rows::kCommands;
+using rows::kItems;
 
-const std::array<CommandInfo, 20> kCommands = {{
-    {u"OpenTable",
-     {0x0B54EE6B, 0xAFB3, 0x5DDC, {0xBC, 0xDE, 0xB3, 0x2F, 0x1C, 0x64, 0x08, 0x74}},
-     101,
-     u"BrelmonCommands_OpenTableTool",
-     u"Open Table",
-     u"Open Attribute Table",
-     u"Open attribute tables for all currently active feature themes...",
-     kCategory,
-     EnabledRule::ContentsAny},
-    {u"cmdMediaViewer",
-     {0xC7F68A09, 0xE7C8, 0x5FD9, {0x9B, 0x08, 0xD3, 0x12, 0xA1, 0xC8, 0x78, 0x1C}},
-     102,
-     u"BrelmonCommands_MediaViewerTool",
-     u"Media Viewer Tool",
-     u"Open Media Viewer",
-     u"Open Brelmon media viewer tool, allowing access to additional documents...",
-     kCategory,
-     EnabledRule::Always},
-    {u"cmdStats",
-     {0xF09D7342, 0xA3CA, 0x5A81, {0x90, 0x7C, 0x31, 0x75, 0x5E, 0x45, 0x60, 0x51}},
-     103,
-     u"BrelmonCommands_StatisticsCommand",
-     u"Calculate Statistics",
-     u"Brelmon Statistics",
-     u"Calculate statistics on a field in a table...",
-     kCategory,
-     EnabledRule::MapHasData},
-    {u"cmdHistogramStats",
-     {0x5AB41433, 0xA2C4, 0x51D0, {0x9A, 0x17, 0x91, 0xB2, 0xA8, 0xD8, 0x4A, 0x6E}},
-     104,
-     u"BrelmonCommands_StatisticsHistogramCommand",
-     u"ArcGIS Statistics",
-     u"Statistics on Selected Features",
-     u"Open the standard ArcGIS statistics window, including simple statistics on selected "
-     u"features...",
-     kCategory,
-     EnabledRule::AnySelection},
-    {u"cmdSelectNone",
-     {0xFAF58963, 0xE082, 0x5094, {0xB3, 0x4D, 0xCE, 0xAD, 0x0B, 0x5C, 0x89, 0x76}},
-     105,
-     u"BrelmonCommands_SelectNoneTool",
-     u"Clear Selected Features",
-     u"Clear Selected Features",
-     u"Clear selected features for all feature themes and tables...",
-     kCategory,
-     EnabledRule::MapHasData},
-    {u"cmdSelectSwitch",
-     {0x920CB8D4, 0x0C1C, 0x5BB6, {0x82, 0x62, 0x90, 0x1D, 0x08, 0x34, 0xA9, 0x72}},
-     106,
-     u"BrelmonCommands_SelectSwitchTool",
-     u"Switch Selected Features",
-     u"Switch Selected Features",
-     u"Switch (or Flip) selection set for all currently active feature themes and tables...",
-     kCategory,
-     EnabledRule::ContentsValid},
-    {u"cmdSelectAll",
-     {0x85BC4092, 0xEFAE, 0x528E, {0xBF, 0x9F, 0x3E, 0xF3, 0x9F, 0xD3, 0x95, 0x8D}},
-     107,
-     u"BrelmonCommands_SelectAllTool",
-     u"Select All Features",
-     u"Select All Features",
-     u"Select all features for all currently active feature themes and tables...",
-     kCategory,
-     EnabledRule::ContentsValid},
-    {u"cmdSelByAttributes",
-     {0xC9016B38, 0x1D88, 0x5AC4, {0x9E, 0x7E, 0x6D, 0xD6, 0x1B, 0xCA, 0x66, 0x27}},
-     108,
-     u"BrelmonCommands_SelectByAttributes",
-     u"ArcGIS Select By Attributes",
-     u"ArcGIS Select By Attributes",
-     u"Open the standard ArcGIS 'Select By Attributes' window...",
-     kCategory,
-     EnabledRule::Always},
-    {u"cmdSelByLocation",
-     {0xC33F0400, 0x1642, 0x5093, {0x84, 0x7D, 0x50, 0xD8, 0x48, 0xB3, 0xC3, 0xA7}},
-     109,
-     u"BrelmonCommands_SelectByLocation",
-     u"Select By Location",
-     u"Select By Location",
-     u"Open the standard ArcGIS 'Select By Location' window...",
-     kCategory,
-     EnabledRule::Always},
-    {u"cmdSumBrelmon",
-     {0xC524FA8D, 0x16C1, 0x5495, {0xBD, 0x4D, 0xE6, 0xC2, 0x11, 0x2D, 0x3C, 0xA8}},
-     110,
-     u"BrelmonCommands_BrelmonSummarize",
-     u"Brelmon Summarize",
-     u"Brelmon Summarize",
-     u"Open the Brelmon 'Summarize' window...",
-     kCategory,
-     EnabledRule::MapHasData},
-    {u"cmdSelByAttBrelmon",
-     {0x569958A0, 0x6929, 0x5A68, {0x80, 0xD0, 0xD2, 0x1B, 0x45, 0x4D, 0x45, 0x77}},
-     111,
-     u"BrelmonCommands_BrelmonSelectByAttributes",
-     u"Brelmon Select By Attributes",
-     u"Brelmon Select By Attributes",
-     u"Open the Brelmon 'Select By Attributes' window...",
-     kCategory,
-     EnabledRule::MapHasData},
-    {u"cmdQuickLoad",
-     {0x27651F05, 0x4088, 0x5459, {0x88, 0xCC, 0x7B, 0xB7, 0x5D, 0x32, 0x41, 0xBD}},
-     112,
-     u"BrelmonCommands_QuickLoadTool",
-     u"QuickLoad Objects",
-     u"QuickLoad",
-     u"QuickLoad:  Shortcuts to layers, queries, spatial bookmarks and maps...",
-     kCategory,
-     EnabledRule::Always},
-    {u"cmdQLAddSpatial",
-     {0xE566BE7A, 0x0D4A, 0x538D, {0xB0, 0x9C, 0x3F, 0xB5, 0x9E, 0x0E, 0x7C, 0xD2}},
-     113,
-     u"BrelmonCommands_QLEditAddBookmark",
-     u"QL Edit - Add Bookmarks",
-     u"QuickLoad Edit:  Add Spatial Bookmark",
-     u"QuickLoad Editor:  Add Spatial Bookmark to QuickLoad.txt file...",
-     kQLCategory,
-     EnabledRule::Always},
-    {u"cmdQLAddQuery",
-     {0xD6421685, 0x88DD, 0x5197, {0x92, 0xC1, 0x7B, 0x81, 0x54, 0x11, 0x86, 0xC4}},
-     114,
-     u"BrelmonCommands_QLEditAddQuery",
-     u"QL Edit - Add Query",
-     u"QuickLoad Edit:  Add Query",
-     u"QuickLoad Editor:  Add Query String to QuickLoad.txt file...",
-     kQLCategory,
-     EnabledRule::Always},
-    {u"cmdQLAddLayer",
-     {0xE5E018F6, 0x6D46, 0x5747, {0xA6, 0x72, 0xC8, 0x06, 0xB9, 0xE3, 0xF7, 0x1B}},
-     115,
-     u"BrelmonCommands_QLEditAddLayer",
-     u"QL Edit - Add Layer",
-     u"QuickLoad Edit:  Add Layer",
-     u"QuickLoad Editor:  Add Layer Reference to QuickLoad.txt file...",
-     kQLCategory,
-     EnabledRule::Always},
-    {u"cmdQLDelete",
-     {0xB41463E0, 0x8772, 0x5477, {0x87, 0x4A, 0xFB, 0xE2, 0x56, 0x25, 0x99, 0xFE}},
-     116,
-     u"BrelmonCommands_QLEditDelete",
-     u"QL Edit - Delete Reference",
-     u"QuickLoad Edit:  Delete Reference",
-     u"QuickLoad Editor:  Delete references from QuickLoad.txt file...",
-     kQLCategory,
-     EnabledRule::Always},
-    {u"cmdDeleteSelLayers",
-     {0x558CD22E, 0x362F, 0x5FC3, {0x94, 0x6A, 0x49, 0x00, 0x29, 0x78, 0xDA, 0x84}},
-     117,
-     u"BrelmonCommands_DeleteLayersTool",
-     u"Delete Layers",
-     u"Delete Layers",
-     u"Delete all currently selected feature themes, tables or map...",
-     kCategory,
-     EnabledRule::ContentsDeletable},
-    {u"cmdSummarize",
-     {0xB9EEAC30, 0x9DEF, 0x5090, {0xA6, 0x0A, 0xEE, 0x0F, 0xBC, 0x42, 0xF3, 0x52}},
-     118,
-     u"BrelmonCommands_Summarize",
-     u"ArcGIS Summarize",
-     u"ArcGIS Summarize",
-     u"Open the standard ArcGIS 'Summarize' window...",
-     kCategory,
-     EnabledRule::ContentsOne},
-    {u"cmdSelByGraphic",
-     {0x4E403810, 0x189C, 0x5100, {0xB5, 0x46, 0xFD, 0xB1, 0x3A, 0xBA, 0x7F, 0x60}},
-     119,
-     u"BrelmonCommands_SelectByGraphicsTool",
-     u"Select by Graphics",
-     u"Select by Graphics",
-     u"Select from currently active layers, using selected graphic...",
-     kCategory,
-     EnabledRule::Graphics},
-    {u"cmdAbout",
-     {0x2C67D21A, 0x67FA, 0x5FA4, {0x99, 0x9D, 0x96, 0x79, 0xEB, 0x01, 0xBA, 0x0C}},
-     120,
-     u"BrelmonCommands_About",
-     u"About BRELMON",
-     u"About BRELMON",
-     u"BRELMON:  Maps, tables and questions for Earth-science classrooms",
-     kCategory,
-     EnabledRule::Always},
-}};
+constexpr std::int32_t kFirstBitmap = 101;
 
-const std::array<ToolBarItem, 12> kItems = {{
-    {u"OpenTable", false},
-    {u"cmdMediaViewer", false},
-    {u"cmdStats", false},
-    {u"cmdSumBrelmon", false},
-    {u"cmdQuickLoad", false},
-    {u"cmdSelByAttBrelmon", true},
-    {u"cmdSelByLocation", false},
-    {u"cmdSelByGraphic", false},
-    {u"cmdSelectNone", true},
-    {u"cmdSelectSwitch", false},
-    {u"cmdDeleteSelLayers", true},
-    {u"cmdAbout", true},
-}};
+constexpr bool BitmapsCount() {
+  std::int32_t next = kFirstBitmap;
+  return std::ranges::all_of(kCommands,
+                             [&](const CommandInfo& row) { return row.BitmapId == next++; });
+}
+
+constexpr bool ClassesDiffer() {
+  return std::ranges::all_of(kCommands, [](const CommandInfo& row) {
+    return row.ClassId != rows::kToolBarClassId &&
+           std::ranges::count(kCommands, row.ClassId, &CommandInfo::ClassId) == 1 &&
+           std::ranges::count(kCommands, row.ClassName, &CommandInfo::ClassName) == 1;
+  });
+}
+
+constexpr bool ItemsAreCommands() {
+  return std::ranges::all_of(kItems, [](const ToolBarItem& item) {
+    return std::ranges::count(kCommands, item.ClassName, &CommandInfo::ClassName) == 1;
+  });
+}
+
+static_assert(BitmapsCount(), "the rows stand in order of their bitmaps, which count from 101");
+static_assert(ClassesDiffer(), "each row has a class and a class identifier of its own");
+static_assert(ItemsAreCommands(), "what stands on the bar stands in the table");
 
 }  // namespace
 
-const Guid kToolBarClassId = {
-    0xD65AD453, 0x789C, 0x5BFD, {0x9C, 0x14, 0x92, 0x75, 0xD3, 0x9E, 0x0D, 0x5B}};
-
-const std::array<CommandInfo, 20>& CommandTable() { return kCommands; }
+std::span<const CommandInfo> CommandTable() { return kCommands; }
 
 const CommandInfo& CommandNamed(TextView className) {
-  for (const CommandInfo& command : kCommands) {
-    if (command.ClassName == className) return command;
-  }
-  Raise(failure::kInvalidCall);
+  const auto row = std::ranges::find(kCommands, className, &CommandInfo::ClassName);
+  if (row == std::end(kCommands)) Raise(failure::kInvalidCall);
+  return *row;
 }
 
-const std::array<ToolBarItem, 12>& ToolBarItems() { return kItems; }
+std::span<const ToolBarItem> ToolBarItems() { return kItems; }
 
 Text ProgIdOf(TextView className) { return Text(kComponentName) + u"." + Text(className); }
 

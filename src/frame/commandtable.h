@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// What is known of the twenty commands and the toolbar. Component, hosts, tests and docs read it.
+// What is known of the commands and the toolbar. Component, hosts, tests and docs read it.
 #pragma once
 
-#include <array>
-#include <optional>
+#include <span>
 
 #include "platform/component.h"
 #include "platform/text.h"
@@ -33,8 +32,8 @@ struct CommandInfo {
   EnabledRule Rule;
 };
 
-/// In order of their bitmaps.
-const std::array<CommandInfo, 20>& CommandTable();
+/// In order of their bitmaps. The rows stand in frame/commandrows.h.
+std::span<const CommandInfo> CommandTable();
 /// Fails with 5 for a class that isn't there.
 const CommandInfo& CommandNamed(TextView className);
 
@@ -45,8 +44,8 @@ struct ToolBarItem {
 inline constexpr TextView kToolBarClass = u"toolBarBrelmon";
 inline constexpr TextView kToolBarName = u"BrelmonCommands_BrelmonToolBar";
 inline constexpr TextView kToolBarCaption = u"Brelmon Tools";
-extern const Guid kToolBarClassId;
-const std::array<ToolBarItem, 12>& ToolBarItems();
+/// In order of their places.
+std::span<const ToolBarItem> ToolBarItems();
 
 /// "BrelmonOpenTable." and the class name.
 Text ProgIdOf(TextView className);

@@ -27,10 +27,13 @@ bool Graphics(const Ref<IMxDocument>& document) {
 
 bool MapHasData(const Ref<IMxDocument>& document) {
   bool found = false;
-  // Layers that can't be looked at are no reason to show a failure at each poll.
+  // A layer that can't be looked at is passed over: no reason to show a failure at each poll, nor
+  // to leave those behind it unseen.
   Guard::Ignore([&] {
-    WalkFeatureLayers(document->FocusMap(),
-                      [&](const Ref<ILayer>& layer) { return !(found = layer->Valid()); });
+    WalkFeatureLayers(document->FocusMap(), [&](const Ref<ILayer>& layer) {
+      Guard::Ignore([&] { found = layer->Valid(); });
+      return !found;
+    });
   });
   if (!found) {
     WalkTables(document->FocusMap(),

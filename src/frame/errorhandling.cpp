@@ -2,6 +2,8 @@
 // The error trail, and the two ways in which a guard block reports to it.
 #include "frame/errorhandling.h"
 
+#include <string_view>
+
 #include "frame/guard.h"
 #include "platform/number.h"
 #include "platform/services.h"
@@ -84,20 +86,28 @@ void Reset() {
 }  // namespace ErrorHandling
 
 namespace Guard::detail {
+namespace {
+
+/// What a label says behind the procedure's name: its module, and the line of the failing statement
+/// where that stands in the same module.
+Text PlaceIn(const char* module, const Failure& failed) {
+  const bool here = std::string_view(failed.File) == module;
+  return FromUtf8(module) + u" " + ErrorHandling::ErrorLineText(here ? failed.Line : 0);
+}
+
+}  // namespace
 
 void Report(bool isTop, TextView procedure, const char* file) {
   const Failure failed = CurrentFailure();
-  const Text label =
-      Text(procedure) + u" " + FromUtf8(file) + u" " + ErrorHandling::ErrorLineText(failed.Line);
+  const Text label = Text(procedure) + u" " + PlaceIn(file, failed);
   ErrorHandling::ReportTrailError(isTop, label, failed.Number, failed.Source, failed.Description, 4,
                                   0, 0, 0, 0);
 }
 
 void ReportPlainBox(const char* file) {
   const Failure failed = CurrentFailure();
-  MsgBox(u"Class_Terminate " + FromUtf8(file) + u" " + ErrorHandling::ErrorLineText(failed.Line) +
-         u"\r\n" + GeneralText(failed.Number) + u"\r\n" + failed.Source + u"\r\n" +
-         failed.Description);
+  MsgBox(Text(kPlainBoxLabel) + u" " + PlaceIn(file, failed) + u"\r\n" +
+         GeneralText(failed.Number) + u"\r\n" + failed.Source + u"\r\n" + failed.Description);
 }
 
 }  // namespace Guard::detail

@@ -45,6 +45,9 @@ std::invoke_result_t<Body> Inner(TextView procedure, Body body,
   }
 }
 
+/// Begins the text of a plain box, whatever command it belongs to.
+inline constexpr TextView kPlainBoxLabel = u"Class_Terminate";
+
 /// The ten click handlers that tell of a failure in a bare message box.
 template <class Body>
 void PlainBox(Body body, const char* file = __builtin_FILE()) {

@@ -5,6 +5,6 @@
 namespace brelmon {
 
 cmdHistogramStats::cmdHistogramStats()
-    : HostCommand(u"cmdHistogramStats", u"{3E58D6D0-DF7A-11D1-ADD9-080009EC732A}") {}
+    : HostCommand(u"cmdHistogramStats", hostcommand::kStatistics) {}
 
 }  // namespace brelmon

@@ -5,6 +5,6 @@
 namespace brelmon {
 
 cmdSelByAttributes::cmdSelByAttributes()
-    : HostCommand(u"cmdSelByAttributes", u"{54EBEEE6-DC82-11D1-AA7F-00C04FA37860}") {}
+    : HostCommand(u"cmdSelByAttributes", hostcommand::kSelectByAttributes) {}
 
 }  // namespace brelmon

@@ -5,6 +5,6 @@
 namespace brelmon {
 
 cmdSelByLocation::cmdSelByLocation()
-    : HostCommand(u"cmdSelByLocation", u"{82B9951B-DD63-11D1-AA7F-00C04FA37860}") {}
+    : HostCommand(u"cmdSelByLocation", hostcommand::kSelectByLocation) {}
 
 }  // namespace brelmon

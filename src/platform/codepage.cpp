@@ -50,8 +50,13 @@ std::string ToWindows1252(TextView text) {
   return bytes;
 }
 
-bool FitsWindows1252(TextView text) {
-  return std::ranges::all_of(text, [](char16_t unit) { return ByteOf(unit).has_value(); });
+Text FirstMisfit(TextView text) {
+  const auto hit =
+      std::ranges::find_if(text, [](char16_t unit) { return !ByteOf(unit).has_value(); });
+  const auto at = static_cast<std::size_t>(hit - text.begin());
+  return Text(hit == text.end() ? TextView() : text.substr(at, IsPairAt(text, at) ? 2 : 1));
 }
+
+bool FitsWindows1252(TextView text) { return FirstMisfit(text).empty(); }
 
 }  // namespace brelmon

@@ -13,6 +13,8 @@ namespace brelmon {
 Text FromWindows1252(std::string_view bytes);
 /// Total: what the page can't hold becomes '?'; one for a surrogate pair.
 std::string ToWindows1252(TextView text);
+/// The first character that the page can't hold; empty where there is none.
+Text FirstMisfit(TextView text);
 /// Whether ToWindows1252 would lose nothing.
 bool FitsWindows1252(TextView text);
 

@@ -5,6 +5,7 @@
 #include <array>
 #include <cstdint>
 
+#include "platform/contract.h"
 #include "platform/object.h"
 #include "platform/services.h"
 
@@ -18,6 +19,17 @@ struct Guid {
   std::array<std::uint8_t, 8> Data4{};
   bool operator==(const Guid&) const = default;
 };
+
+/// The identifier whose text form has these five groups of digits.
+constexpr Guid GuidOf(std::uint32_t first, std::uint16_t second, std::uint16_t third,
+                      std::uint16_t fourth, std::uint64_t fifth) {
+  Guid id{first, second, third, {}};
+  const std::uint64_t last = std::uint64_t{fourth} << 48 | fifth;
+  for (std::size_t i = 0; i < id.Data4.size(); ++i) {
+    id.Data4[i] = static_cast<std::uint8_t>(last >> (56 - 8 * i));
+  }
+  return id;
+}
 
 /// "{XXXXXXXX-XXXX-XXXX-XXXX-XXXXXXXXXXXX}", and back; false for a text of any other form.
 Text ToText(const Guid& guid);
@@ -70,16 +82,17 @@ class IServiceSink {
   virtual void Attach(const Services& services, const Text& libraryPath) = 0;
   /// Lets go of the services and of everything kept for the process.
   virtual void Detach() = 0;
-  /// The bytes of a picture handle: a bitmap file of 24 bits, or a cursor file. Empty if unknown.
+  /// The bytes of a picture handle: a bitmap file of 24 bits. Empty if unknown.
   virtual std::string PictureBytes(std::int32_t handle) = 0;
   /// The same subject as SVG; empty if there is none.
   virtual std::string PictureDrawing(std::int32_t handle) = 0;
 };
 
-inline constexpr Guid kIID_IClassFactory = {
-    0x00000001, 0x0000, 0x0000, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
-inline constexpr Guid kIID_IServiceSink = {
-    0x5B1E9A42, 0x7C3D, 0x4F16, {0x9A, 0x28, 0xE1, 0x40, 0xB7, 0x63, 0x0C, 0xD5}};
+inline constexpr Guid kIID_IClassFactory = GuidOf(0x00000001, 0x0000, 0x0000, 0xC000, 0x46);
+/// Ends in the number of the contract: a component that was built against another platform than
+/// the host has no such interface.
+inline constexpr Guid kIID_IServiceSink =
+    GuidOf(0x5B1E9A42, 0x7C3D, 0x4F16, kContract >> 48, kContract & 0xFFFFFFFFFFFF);
 
 /// Results of the exports.
 namespace hresult {
@@ -92,7 +105,8 @@ inline constexpr std::int32_t kClassNotAvailable = static_cast<std::int32_t>(0x8
 }  // namespace hresult
 
 /// Signatures of the four exports. `*object` is an IClassFactory* for a class, an IServiceSink*
-/// for kIID_IServiceSink (any class identifier); both live as long as the library.
+/// for kIID_IServiceSink (any class identifier); both live as long as the library. Any other
+/// interface, a sink of another contract among them, gives kNoInterface.
 using DllGetClassObjectFn = std::int32_t (*)(const Guid* classId, const Guid* interfaceId,
                                              void** object);
 using DllCanUnloadNowFn = std::int32_t (*)();

@@ -40,6 +40,7 @@ constexpr std::array kWords = {
     Words{failure::kInvalidUseOfNull, u"Invalid use of Null"},
     Words{failure::kInvalidPropertyValue, u"Invalid property value"},
     Words{failure::kNoSuchObject, u"Object required"},
+    Words{failure::kNoSuchProperty, u"Object doesn't support this property or method"},
     Words{failure::kNotSupported, u"Object doesn't support this action"},
     Words{failure::kDuplicateKey,
           u"This key is already associated with an element of this collection"},
@@ -55,11 +56,13 @@ Failure Translated(std::int32_t number, TextView detail = {}) {
 
 }  // namespace
 
-Failure::Failure(std::int32_t number, Text source, Text description, std::int32_t line)
+Failure::Failure(std::int32_t number, Text source, Text description, std::int32_t line,
+                 const char* file)
     : Number(number),
       Source(std::move(source)),
       Description(std::move(description)),
       Line(line),
+      File(file),
       what_(std::to_string(Number) + ": " + ToUtf8(Description)) {}
 
 Text DescriptionOf(std::int32_t number) {
@@ -68,10 +71,12 @@ Text DescriptionOf(std::int32_t number) {
                                   : hit->description);
 }
 
-void Raise(std::int32_t number, std::int32_t line) { Raise(number, DescriptionOf(number), line); }
+void Raise(std::int32_t number, std::int32_t line, const char* file) {
+  Raise(number, DescriptionOf(number), line, file);
+}
 
-void Raise(std::int32_t number, Text description, std::int32_t line) {
-  throw Failure(number, Text(kSource), std::move(description), line);
+void Raise(std::int32_t number, Text description, std::int32_t line, const char* file) {
+  throw Failure(number, Text(kSource), std::move(description), line, file);
 }
 
 Failure CurrentFailure() {

@@ -25,6 +25,7 @@ inline constexpr std::int32_t kFileNotFound = 53;
 inline constexpr std::int32_t kBadFileMode = 54;
 inline constexpr std::int32_t kFileAlreadyOpen = 55;
 inline constexpr std::int32_t kDeviceIo = 57;
+inline constexpr std::int32_t kFileExists = 58;
 inline constexpr std::int32_t kDiskFull = 61;
 inline constexpr std::int32_t kInputPastEnd = 62;
 inline constexpr std::int32_t kPermissionDenied = 70;
@@ -32,8 +33,12 @@ inline constexpr std::int32_t kPathFileAccess = 75;
 inline constexpr std::int32_t kPathNotFound = 76;
 inline constexpr std::int32_t kObjectNotSet = 91;
 inline constexpr std::int32_t kInvalidUseOfNull = 94;
+inline constexpr std::int32_t kNoSuchResource = 326;
 inline constexpr std::int32_t kInvalidPropertyValue = 380;
+inline constexpr std::int32_t kFormAlreadyShown = 400;
 inline constexpr std::int32_t kNoSuchObject = 424;
+inline constexpr std::int32_t kCannotCreateObject = 429;
+inline constexpr std::int32_t kNoSuchProperty = 438;
 inline constexpr std::int32_t kNotSupported = 445;
 inline constexpr std::int32_t kDuplicateKey = 457;
 inline constexpr std::int32_t kPrinter = 482;
@@ -41,16 +46,19 @@ inline constexpr std::int32_t kPrinter = 482;
 inline constexpr std::int32_t kRefused = static_cast<std::int32_t>(0x80004005u);
 }  // namespace failure
 
-/// A failure on its way up. `Line` is where a tool raised it, 0 when it came out of the host.
+/// A failure on its way up. `Line` of `File` is where a tool raised it; line 0 when it came out of
+/// the host.
 class Failure : public std::exception {
  public:
-  Failure(std::int32_t number, Text source, Text description, std::int32_t line = 0);
+  Failure(std::int32_t number, Text source, Text description, std::int32_t line = 0,
+          const char* file = "");
   const char* what() const noexcept override { return what_.c_str(); }
 
   std::int32_t Number;
   Text Source;
   Text Description;
   std::int32_t Line;
+  const char* File;  // from the repository's root; a constant of the component's
 
  private:
   std::string what_;  // number and description in UTF-8, for debuggers and test runners
@@ -60,10 +68,11 @@ class Failure : public std::exception {
 Text DescriptionOf(std::int32_t number);
 
 /// Raises `number` in the platform's words, with the component's name as source.
-[[noreturn]] void Raise(std::int32_t number, std::int32_t line = __builtin_LINE());
+[[noreturn]] void Raise(std::int32_t number, std::int32_t line = __builtin_LINE(),
+                        const char* file = __builtin_FILE());
 /// The same with a description of its own.
-[[noreturn]] void Raise(std::int32_t number, Text description,
-                        std::int32_t line = __builtin_LINE());
+[[noreturn]] void Raise(std::int32_t number, Text description, std::int32_t line = __builtin_LINE(),
+                        const char* file = __builtin_FILE());
 
 /// The failure that stands for what is being handled; only inside a catch block.
 /// Whatever else C++ can throw is translated (bad_alloc to 7, out_of_range to 9, the rest to 51).

@@ -13,11 +13,14 @@ class IEnvelope : public virtual IGeometry {
  public:
   /// In the units of the view that it is given to.
   virtual void PutCoords(double xMin, double yMin, double xMax, double yMax) = 0;
+  /// All zero before anything was put.
   virtual void QueryCoords(double& xMin, double& yMin, double& xMax, double& yMax) = 0;
 };
 
+/// A graphic on the map.
 class IElement : public virtual IObject {
  public:
+  /// Its shape, with the reference system that its numbers are in; never unset.
   virtual Ref<IGeometry> Geometry() = 0;
 };
 
@@ -30,11 +33,12 @@ class IEnumElement : public virtual IObject {
 class IGraphicsContainerSelect : public virtual IObject {
  public:
   virtual std::int32_t ElementSelectionCount() = 0;
-  virtual Ref<IEnumElement> SelectedElements() = 0;
+  virtual Ref<IEnumElement> SelectedElements() = 0;  // never unset, also without any
 };
 
 class IDisplayTransformation : public virtual IObject {
  public:
+  /// The whole box can be seen afterwards; the view keeps its proportions.
   virtual void SetVisibleBounds(const Ref<IEnvelope>& bounds) = 0;
 };
 
@@ -48,11 +52,13 @@ enum class DrawPhase : std::int32_t { Geography = 2, GeoSelection = 4, Geography
 
 class IActiveView : public virtual IObject {
  public:
+  /// Draws the phase anew; unset data and envelope stand for everything. A view that isn't shown
+  /// has nothing to draw.
   virtual void PartialRefresh(DrawPhase phase, const Ref<IObject>& data,
                               const Ref<IEnvelope>& envelope) = 0;
   virtual void Refresh() = 0;
-  virtual Ref<IEnvelope> Extent() = 0;
-  virtual Ref<IEnvelope> FullExtent() = 0;
+  virtual Ref<IEnvelope> Extent() = 0;      // what can be seen, in the map's units
+  virtual Ref<IEnvelope> FullExtent() = 0;  // of all layers, all zero without any
   virtual Ref<IDisplay> ScreenDisplay() = 0;
 };
 

@@ -128,32 +128,34 @@ std::optional<double> ParseNumber(TextView text) {
   return value;
 }
 
-double ToDouble(TextView text, std::int32_t line) {
+double ToDouble(TextView text, std::int32_t line, const char* file) {
   double value = 0;
   switch (Numeral(text).Read(value)) {
     case Outcome::Number:
       return value;
     case Outcome::NoNumber:
-      Raise(failure::kTypeMismatch, line);
+      Raise(failure::kTypeMismatch, line, file);
     case Outcome::Overflow:
       break;
   }
-  Raise(failure::kOverflow, line);
+  Raise(failure::kOverflow, line, file);
 }
 
-std::int32_t ToLong(double value, std::int32_t line) {
+std::int32_t ToLong(double value, std::int32_t line, const char* file) {
   using Limits = std::numeric_limits<std::int32_t>;
   const double whole = std::nearbyint(value);
-  if (!(whole >= Limits::min() && whole <= Limits::max())) Raise(failure::kOverflow, line);
+  if (!(whole >= Limits::min() && whole <= Limits::max())) Raise(failure::kOverflow, line, file);
   return static_cast<std::int32_t>(whole);
 }
 
-std::int32_t ToLong(TextView text, std::int32_t line) { return ToLong(ToDouble(text, line), line); }
+std::int32_t ToLong(TextView text, std::int32_t line, const char* file) {
+  return ToLong(ToDouble(text, line, file), line, file);
+}
 
-std::int16_t ToInteger(TextView text, std::int32_t line) {
+std::int16_t ToInteger(TextView text, std::int32_t line, const char* file) {
   using Limits = std::numeric_limits<std::int16_t>;
-  const std::int32_t whole = ToLong(text, line);
-  if (whole < Limits::min() || whole > Limits::max()) Raise(failure::kOverflow, line);
+  const std::int32_t whole = ToLong(text, line, file);
+  if (whole < Limits::min() || whole > Limits::max()) Raise(failure::kOverflow, line, file);
   return static_cast<std::int16_t>(whole);
 }
 

@@ -22,10 +22,14 @@ Text GeneralText(bool value);
 std::optional<double> ParseNumber(TextView text);
 
 /// Text to number; a text that is none fails with 13, one out of range with 6.
-double ToDouble(TextView text, std::int32_t line = __builtin_LINE());
+double ToDouble(TextView text, std::int32_t line = __builtin_LINE(),
+                const char* file = __builtin_FILE());
 /// Rounded to the nearest whole number, ties to even; out of range fails with 6.
-std::int32_t ToLong(double value, std::int32_t line = __builtin_LINE());
-std::int32_t ToLong(TextView text, std::int32_t line = __builtin_LINE());
-std::int16_t ToInteger(TextView text, std::int32_t line = __builtin_LINE());
+std::int32_t ToLong(double value, std::int32_t line = __builtin_LINE(),
+                    const char* file = __builtin_FILE());
+std::int32_t ToLong(TextView text, std::int32_t line = __builtin_LINE(),
+                    const char* file = __builtin_FILE());
+std::int16_t ToInteger(TextView text, std::int32_t line = __builtin_LINE(),
+                       const char* file = __builtin_FILE());
 
 }  // namespace brelmon

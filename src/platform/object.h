@@ -54,10 +54,10 @@ class Ref {
   }
   /// The object's U; an unset reference stays unset, an object without U fails with 13.
   template <class U>
-  Ref<U> As(std::int32_t line = __builtin_LINE()) const {
+  Ref<U> As(std::int32_t line = __builtin_LINE(), const char* file = __builtin_FILE()) const {
     if (!object_) return {};
     auto cast = std::dynamic_pointer_cast<U>(object_);
-    if (!cast) Raise(failure::kTypeMismatch, line);
+    if (!cast) Raise(failure::kTypeMismatch, line, file);
     return Ref<U>(std::move(cast));
   }
   /// The object's U, or unset where it has none.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// The process's one set of services.
+// The set of services.
 #include "platform/services.h"
 
 #include "platform/textfile.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// What any procedure may ask of the host: one set for the process, held by the component.
+// What any procedure may ask of the host: one set, which component and host both hold.
 #pragma once
 
 #include <memory>
@@ -44,13 +44,14 @@ class IMessageBox {
   virtual ~IMessageBox() = default;
   /// Modal. Gives one of the answers.
   virtual int Show(const Text& text, int style, const Text& title) = 0;
-  virtual void Beep() = 0;
+  virtual void Beep() = 0;  // nothing, where there is no sound
 };
 
 /// The dialog that tells of failures; one lives to the end of the process.
 class IErrorDialog : public virtual IObject {
  public:
-  virtual void SetText(const Text& text) = 0;
+  virtual void SetText(const Text& text) = 0;  // the whole trail, in place of an earlier one
+  /// Modeless: the call returns at once.
   virtual void SetVisible(bool visible) = 0;
 };
 
@@ -59,13 +60,16 @@ enum class Pointer : int { Default = 0, Hourglass = 11, Custom = 99 };
 class IScreen {
  public:
   virtual ~IScreen() = default;
+  /// Stays until it is set again, or the user's click has ended.
   virtual void SetMousePointer(Pointer pointer) = 0;
 };
 
+/// The system's clipboard; a host without one keeps the text to itself.
 class IClipboard {
  public:
   virtual ~IClipboard() = default;
   virtual void Clear() = 0;
+  /// Line ends are CR LF.
   virtual void SetText(const Text& text) = 0;
 };
 
@@ -75,12 +79,13 @@ class IPrinter {
   /// Each fails with 482 where there is no printer.
   virtual void SetFontSize(double points) = 0;
   virtual void Print(const Text& text) = 0;  // and begins a new line
-  virtual void EndDoc() = 0;
+  virtual void EndDoc() = 0;  // sends the pages off; nothing where nothing was printed
 };
 
 class IClock {
  public:
   virtual ~IClock() = default;
+  /// Local time, to the second; BRELMON_NOW fixes it.
   virtual Date Now() = 0;
 };
 
@@ -92,6 +97,9 @@ class IByteStream {
   virtual std::string Read(std::size_t size) = 0;
   /// Fails with 61 on a full disk, else 57.
   virtual void Write(const std::string& bytes) = 0;
+  /// Ends the stream; fails as Write where what was written did not reach the file. One that is
+  /// destroyed without it keeps a failure to itself.
+  virtual void Close() = 0;
 };
 
 enum class FileMode { Input, Output, Append };
@@ -122,7 +130,9 @@ class IRegistry {
   /// An empty name is the key's default value. Texts keep a closing NUL if they were stored so;
   /// a double word comes as a 32-bit number.
   virtual bool Query(RegistryRoot root, const Text& key, const Text& name, Value& value) = 0;
+  /// Makes key and value where they are absent.
   virtual void Write(RegistryRoot root, const Text& key, const Text& name, const Text& value) = 0;
+  /// The key with all below it; nothing for an absent one.
   virtual void DeleteTree(RegistryRoot root, const Text& key) = 0;
 };
 
@@ -130,7 +140,8 @@ class IShell {
  public:
   virtual ~IShell() = default;
   /// ShellExecuteA: the default program for a file or web address; its result is of no interest.
-  /// Nothing of `file` is ever interpreted as a command.
+  /// What a host won't open fails with its reason. Nothing of `file` is ever interpreted as a
+  /// command.
   virtual void Execute(const Text& file, const Text& directory, int showMode) = 0;
   /// Runs a program in a normal window; fails with 5 or 53 where it can't.
   virtual void Run(const Text& program) = 0;
@@ -170,7 +181,8 @@ struct Services {
   brelmon::Locale locale;
 };
 
-/// Replaces the set of the process. File numbers that are open are forgotten.
+/// Replaces the set of this library or program; whoever loads the component sets its own and the
+/// component's together. File numbers that are open are forgotten.
 void SetServices(Services services);
 const Services& CurrentServices();
 
@@ -192,7 +204,7 @@ IHostObjects& HostObjects();
 IFormHost& FormHost();
 const Locale& CurrentLocale();
 
-/// Swaps the process's set for its own length, for tests.
+/// Swaps the set for its own length.
 class ServicesScope {
  public:
   explicit ServicesScope(Services services) : before_(CurrentServices()) {

@@ -27,15 +27,15 @@ enum class FieldType : std::int32_t {
 
 class IField : public virtual IObject {
  public:
-  virtual Text Name() = 0;
+  virtual Text Name() = 0;  // as the source spells it
   virtual FieldType Type() = 0;
 };
 
 /// How a layer or table shows a field.
 class IFieldInfo : public virtual IObject {
  public:
-  virtual Text Alias() = 0;
-  virtual bool Visible() = 0;
+  virtual Text Alias() = 0;    // the field's name where it has no other
+  virtual bool Visible() = 0;  // whether a table window shows its column
 };
 
 /// Fields in their own order, hidden ones included; index from 0, out of bounds fails with 9.
@@ -50,6 +50,7 @@ class ILayerFields : public virtual IFieldsView {};
 /// Offered by feature layers and standalone tables.
 class ITableFields : public virtual IFieldsView {};
 
+/// All fields of a table; index from 0, out of bounds fails with 9.
 class IFields : public virtual IObject {
  public:
   virtual std::int32_t FieldCount() = 0;
@@ -60,7 +61,7 @@ class IClass : public virtual IObject {
  public:
   /// Index of the field of that actual name, regardless of case; -1 if there is none.
   virtual std::int32_t FindField(const Text& name) = 0;
-  virtual Ref<IFields> Fields() = 0;
+  virtual Ref<IFields> Fields() = 0;  // never unset
 };
 
 class IQueryFilter : public virtual IObject {
@@ -93,20 +94,26 @@ class ICursor : public virtual IObject {
 /// source can't parse, or that names a field that isn't there, fails with E_FAIL.
 class ITable : public virtual IObject {
  public:
+  /// A cursor in front of the first row; with `recycling` it hands out one row object throughout. A
+  /// field of SubFields that isn't there fails with E_FAIL, data that can't be reached with 53.
   virtual Ref<ICursor> Search(const Ref<IQueryFilter>& filter, bool recycling) = 0;
+  /// Number of rows that Search would give; more than 32 bits can count fail with 6.
   virtual std::int32_t RowCount(const Ref<IQueryFilter>& filter) = 0;
 };
 
 class ITableDefinition : public virtual IObject {
  public:
+  /// The filter as it was set; empty where there is none.
   virtual Text DefinitionExpression() = 0;
-  /// Leaves the selection alone. Fails as ITable::Search does.
+  /// Leaves the selection alone; blanks are no filter. Fails as ITable::Search does.
   virtual void SetDefinitionExpression(const Text& expression) = 0;
 };
 
+/// The selected rows whenever it is asked.
 class ISelectionSet : public virtual IObject {
  public:
-  virtual std::int32_t Count() = 0;
+  virtual std::int32_t Count() = 0;  // rows that a filter hides among them
+  /// Those that are visible and satisfy the filter; as ITable::Search.
   virtual Ref<ICursor> Search(const Ref<IQueryFilter>& filter, bool recycling) = 0;
 };
 
@@ -114,14 +121,18 @@ enum class SelectionMethod : std::int32_t { New = 0, Add = 1, Subtract = 2, And 
 
 class ITableSelection : public virtual IObject {
  public:
-  /// May be unset.
+  /// Unset for data that can't be reached.
   virtual Ref<ISelectionSet> SelectionSet() = 0;
+  /// Combines the rows under the filter, an unset one takes all that are visible, with what is
+  /// selected; with `justOne` the first of them. Fails as ITable::Search does.
   virtual void SelectRows(const Ref<IQueryFilter>& filter, SelectionMethod method,
                           bool justOne) = 0;
   virtual void Clear() = 0;
+  /// Tells whoever shows the selection that it changed.
   virtual void SelectionChanged() = 0;
 };
 
+/// The same for a layer with shapes.
 class IFeatureSelection : public virtual IObject {
  public:
   /// A spatial filter whose geometry field is not the layer's fails with E_FAIL.
@@ -141,7 +152,9 @@ class IEnumValue : public virtual IObject {
 class IDataStatistics : public virtual IObject {
  public:
   virtual void SetField(const Text& name) = 0;
+  /// The cursor is read to its end by the first question.
   virtual void SetCursor(const Ref<ICursor>& cursor) = 0;
+  /// Fails with 5 for a field that the cursor hasn't, or where either is missing.
   virtual Ref<IEnumValue> UniqueValues() = 0;
   virtual std::int32_t UniqueValueCount() = 0;
 };

@@ -77,6 +77,13 @@ char32_t NextCode(std::string_view utf8, std::size_t& at) {
 bool IsHigh(char16_t unit) { return (unit & 0xFC00) == 0xD800; }
 bool IsLow(char16_t unit) { return (unit & 0xFC00) == 0xDC00; }
 
+/// How many units at the beginning are ASCII.
+template <class Units>
+std::size_t PlainUnits(Units units) {
+  const auto plain = [](auto unit) { return unit >= 0 && unit < 0x80; };
+  return static_cast<std::size_t>(std::ranges::find_if_not(units, plain) - units.begin());
+}
+
 char16_t FoldBeyondAscii(char16_t unit) {
   const auto* range = std::ranges::lower_bound(kFoldRanges, unit, {}, &FoldRange::last);
   if (range == std::end(kFoldRanges) || unit < range->first) return unit;
@@ -89,14 +96,18 @@ char16_t FoldBeyondAscii(char16_t unit) {
 Text FromUtf8(std::string_view utf8) {
   Text text;
   text.reserve(utf8.size());
-  for (std::size_t at = 0; at < utf8.size();) Append(text, NextCode(utf8, at));
+  std::size_t at = PlainUnits(utf8);
+  text.assign(utf8.begin(), utf8.begin() + static_cast<std::ptrdiff_t>(at));
+  while (at < utf8.size()) Append(text, NextCode(utf8, at));
   return text;
 }
 
 std::string ToUtf8(TextView text) {
   std::string utf8;
   utf8.reserve(text.size());
-  for (std::size_t at = 0; at < text.size(); ++at) {
+  std::size_t at = PlainUnits(text);
+  utf8.assign(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(at));
+  for (; at < text.size(); ++at) {
     char32_t code = text[at];
     if (IsHigh(text[at]) && at + 1 < text.size() && IsLow(text[at + 1])) {
       code = 0x10000 + ((code & 0x3FF) << 10) + (text[++at] & 0x3FF);

@@ -73,7 +73,10 @@ void PrintLine(std::int32_t number, const Text& line) {
   Find(number, false).stream->Write(ToWindows1252(line) + "\r\n");
 }
 
-void Close(std::int32_t number) { Files().erase(number); }
+void Close(std::int32_t number) {
+  auto closed = Files().extract(number);
+  if (!closed.empty()) closed.mapped().stream->Close();
+}
 
 void CloseAll() { Files().clear(); }
 

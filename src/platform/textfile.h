@@ -18,7 +18,8 @@ bool AtEnd(std::int32_t number);
 Text LineInput(std::int32_t number);
 /// The text and CR LF.
 void PrintLine(std::int32_t number, const Text& line);
-/// Closes; a number that isn't open is left in peace.
+/// Closes and frees the number, also where what was written did not reach the file, which fails
+/// with 61 or 57. A number that isn't open is left in peace.
 void Close(std::int32_t number);
 /// Forgets every open number, for a new set of services.
 void CloseAll();

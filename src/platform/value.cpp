@@ -18,11 +18,12 @@ std::int32_t Whole(bool flag) { return flag ? -1 : 0; }
 template <class Result, class Convert>
 struct Conversion {
   std::int32_t line;
+  const char* file;
   Convert convert;
 
   Result operator()(std::monostate) const { return Result(); }
-  Result operator()(Null) const { Raise(failure::kInvalidUseOfNull, line); }
-  Result operator()(const Ref<IObject>&) const { Raise(failure::kTypeMismatch, line); }
+  Result operator()(Null) const { Raise(failure::kInvalidUseOfNull, line, file); }
+  Result operator()(const Ref<IObject>&) const { Raise(failure::kTypeMismatch, line, file); }
   template <class T>
   Result operator()(const T& value) const {
     return convert(value);
@@ -30,8 +31,8 @@ struct Conversion {
 };
 
 template <class Result, class Data, class Convert>
-Result Visit(const Data& data, std::int32_t line, Convert convert) {
-  return std::visit(Conversion<Result, Convert>{line, convert}, data);
+Result Visit(const Data& data, std::int32_t line, const char* file, Convert convert) {
+  return std::visit(Conversion<Result, Convert>{line, file, convert}, data);
 }
 
 template <class... Cases>
@@ -43,40 +44,41 @@ Overloaded(Cases...) -> Overloaded<Cases...>;
 
 }  // namespace
 
-double Value::ToDouble(std::int32_t line) const {
-  return Visit<double>(data_, line,
-                       Overloaded{
-                           [](bool flag) -> double { return Whole(flag); },
-                           [](std::int32_t number) -> double { return number; },
-                           [](double number) { return number; },
-                           [](Date date) { return date.Serial; },
-                           [line](const Text& text) { return brelmon::ToDouble(text, line); },
-                       });
+double Value::Converted(std::int32_t line, const char* file) const {
+  return Visit<double>(
+      data_, line, file,
+      Overloaded{
+          [](bool flag) -> double { return Whole(flag); },
+          [](std::int32_t number) -> double { return number; },
+          [](double number) { return number; },
+          [](Date date) { return date.Serial; },
+          [line, file](const Text& text) { return brelmon::ToDouble(text, line, file); },
+      });
 }
 
-std::int32_t Value::ToLong(std::int32_t line) const {
-  return brelmon::ToLong(ToDouble(line), line);
+std::int32_t Value::ToLong(std::int32_t line, const char* file) const {
+  return brelmon::ToLong(ToDouble(line, file), line, file);
 }
 
-Text Value::ToText(std::int32_t line) const {
-  return Visit<Text>(data_, line,
+Text Value::ToText(std::int32_t line, const char* file) const {
+  return Visit<Text>(data_, line, file,
                      Overloaded{
                          [](const Text& text) { return text; },
                          [](const auto& other) { return GeneralText(other); },
                      });
 }
 
-Date Value::ToDate(std::int32_t line) const {
+Date Value::ToDate(std::int32_t line, const char* file) const {
   if (const Date* date = If<Date>()) return *date;
-  const double serial = ToDouble(line);
-  if (!(serial >= kFirstSerial && serial < kEndSerial)) Raise(failure::kOverflow, line);
+  const double serial = ToDouble(line, file);
+  if (!(serial >= kFirstSerial && serial < kEndSerial)) Raise(failure::kOverflow, line, file);
   return {serial};
 }
 
-Ref<IObject> Value::ToObject(std::int32_t line) const {
+Ref<IObject> Value::ToObject(std::int32_t line, const char* file) const {
   if (IsEmpty() || IsNull()) return {};
   if (const auto* object = If<Ref<IObject>>()) return *object;
-  Raise(failure::kTypeMismatch, line);
+  Raise(failure::kTypeMismatch, line, file);
 }
 
 }  // namespace brelmon

@@ -38,14 +38,22 @@ class Value {
 
   /// Conversions of the platform: empty gives 0, false, "" or no object. Null fails with 94,
   /// a text that is no number and every other misfit with 13, a number out of range with 6.
-  double ToDouble(std::int32_t line = __builtin_LINE()) const;
-  std::int32_t ToLong(std::int32_t line = __builtin_LINE()) const;  // ties to even
-  Text ToText(std::int32_t line = __builtin_LINE()) const;          // general text
-  Date ToDate(std::int32_t line = __builtin_LINE()) const;
+  double ToDouble(std::int32_t line = __builtin_LINE(),
+                  const char* file = __builtin_FILE()) const {
+    const double* const number = If<double>();
+    return number ? *number : Converted(line, file);
+  }
+  std::int32_t ToLong(std::int32_t line = __builtin_LINE(),
+                      const char* file = __builtin_FILE()) const;  // ties to even
+  Text ToText(std::int32_t line = __builtin_LINE(),
+              const char* file = __builtin_FILE()) const;  // general text
+  Date ToDate(std::int32_t line = __builtin_LINE(), const char* file = __builtin_FILE()) const;
   /// The object, or unset for empty and null; anything else fails with 13.
-  Ref<IObject> ToObject(std::int32_t line = __builtin_LINE()) const;
+  Ref<IObject> ToObject(std::int32_t line = __builtin_LINE(),
+                        const char* file = __builtin_FILE()) const;
 
  private:
+  double Converted(std::int32_t line, const char* file) const;
   std::variant<std::monostate, Null, bool, std::int32_t, double, Date, Text, Ref<IObject>> data_;
 };
 

@@ -10,13 +10,17 @@ namespace brelmon {
 class ITableWindow : public virtual IObject {
  public:
   /// The open window of that layer or table; unset if there is none.
+  /// `exact` has no meaning where each layer has one window at most.
   virtual Ref<ITableWindow> FindViaFeatureLayer(const Ref<IFeatureLayer>& layer, bool exact) = 0;
   virtual Ref<ITableWindow> FindViaStandaloneTable(const Ref<IStandaloneTable>& table,
                                                    bool exact) = 0;
+  /// What it will show; the last of the two setters counts.
   virtual void SetFeatureLayer(const Ref<IFeatureLayer>& layer) = 0;
   virtual void SetStandaloneTable(const Ref<IStandaloneTable>& table) = 0;
-  virtual void SetApplication(const Ref<IApplication>& application) = 0;
+  virtual void SetApplication(const Ref<IApplication>& application) = 0;  // whose window owns it
+  /// Opens it, or brings it to the front; false hides it. Fails with 91 while bound to nothing.
   virtual void Show(bool show) = 0;
+  /// Closes it; a window that isn't open stays so.
   virtual void Unload() = 0;
 };
 
@@ -43,7 +47,7 @@ class IGxFile : public virtual IObject {
 /// The layer inside a layer file; the same object offers IGxFile and IGxObject.
 class IGxLayer : public virtual IObject {
  public:
-  /// Fails with its reason for a file that can't be read or that holds several layers.
+  /// Fails with 5 and its reason for a file that can't be read, or that holds none or several.
   virtual Ref<ILayer> Layer() = 0;
 };
 
@@ -55,28 +59,32 @@ class IEnumGxObject : public virtual IObject {
 /// What a catalog dialog admits.
 enum class GxFilter { All, TextFiles, LayerFiles, Tables };
 
+/// The host's own dialog for choosing files. Nothing is read or written by it.
 class IGxDialog : public virtual IObject {
  public:
   virtual void SetAllowMultiSelect(bool allow) = 0;
+  /// Folder that it begins in; one that isn't there is passed over.
   virtual void SetStartingLocation(const Text& path) = 0;
   virtual void SetTitle(const Text& title) = 0;
   virtual void SetButtonCaption(const Text& caption) = 0;
   virtual void SetObjectFilter(GxFilter filter) = 0;
-  virtual void SetName(const Text& name) = 0;
-  virtual Text Name() = 0;
-  virtual Text FinalLocation() = 0;  // folder of the answer to DoModalSave
-  /// False when cancelled.
+  virtual void SetName(const Text& name) = 0;  // the file name that is proposed for saving
+  virtual Text Name() = 0;                     // the file name that was chosen
+  virtual Text FinalLocation() = 0;            // folder of the answer to DoModalSave
+  /// False when cancelled; `selection` holds what was chosen, else it stays as it was. The parent
+  /// is IApplication::hWnd's, 0 for none.
   virtual bool DoModalOpen(std::int32_t parentWindow, Ref<IEnumGxObject>& selection) = 0;
   virtual bool DoModalSave(std::int32_t parentWindow) = 0;
 };
 
-/// The host's own summarize dialog.
+/// The host's own summarize dialog. All setters come before it is shown; what it does is its own.
 class ISummarizeDialog : public virtual IObject {
  public:
   virtual void SetApplication(const Ref<IApplication>& application) = 0;
   virtual void SetTable(const Ref<ITable>& table) = 0;
   virtual void SetField(const Ref<IField>& field) = 0;
   virtual void SetFlag(bool flag) = 0;
+  /// Fails with 445 where the host has no such dialog.
   virtual void DoModal(std::int32_t parentWindow) = 0;
 };
 

@@ -14,19 +14,21 @@ class IWorkspaceFactory : public virtual IObject {
   virtual Text WorkspaceDescription(bool plural) = 0;
   /// Whether a folder is there and can hold tables.
   virtual bool IsWorkspace(const Text& path) = 0;
+  /// Never unset: one whose folder isn't there says so by Exists.
   virtual Ref<IWorkspace> OpenFromFile(const Text& path, std::int32_t parentWindow) = 0;
 };
 
 class IWorkspace : public virtual IObject {
  public:
-  virtual Ref<IWorkspaceFactory> WorkspaceFactory() = 0;
-  virtual bool Exists() = 0;
+  virtual Ref<IWorkspaceFactory> WorkspaceFactory() = 0;  // of its kind; never unset
+  virtual bool Exists() = 0;                              // looked at whenever it is asked
 };
 
 class IDataset : public virtual IObject {
  public:
   /// Unset for a dataset that is a workspace itself.
   virtual Ref<IWorkspace> Workspace() = 0;
+  /// What finds it again, for IDatasetName; never unset.
   virtual Ref<IObject> FullName() = 0;
 };
 

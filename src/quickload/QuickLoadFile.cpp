@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <iterator>
 
+#include "platform/codepage.h"
+#include "platform/failure.h"
 #include "platform/textfile.h"
 
 namespace brelmon {
@@ -41,7 +43,22 @@ std::optional<QuickLoadRecord> QuickLoadReader::Next() {
 namespace QuickLoadFile {
 namespace {
 
+/// Before the file is touched: a letter that it can't hold would be written as a question mark.
+void RefuseMisfits(const std::vector<QuickLoadRecord>& records) {
+  for (const auto& record : records) {
+    for (const Text& field : record.Fields) {
+      const Text misfit = FirstMisfit(field);
+      if (misfit.empty()) continue;
+      Raise(failure::kInvalidCall, u"QuickLoad.txt can't hold the letter \"" + misfit +
+                                       u"\" of \"" + field +
+                                       u"\": its encoding, Windows-1252, has no such letter. "
+                                       u"Nothing was written.");
+    }
+  }
+}
+
 void Write(const Text& path, FileMode mode, const std::vector<QuickLoadRecord>& records) {
+  RefuseMisfits(records);
   textfile::Open(kFileNumber, path, mode);
   for (const auto& record : records) {
     textfile::PrintLine(kFileNumber, Text(KindOf(record).Tag));

@@ -70,7 +70,8 @@ std::vector<QuickLoadRecord> OpenAndRead(const Text& path);
 /// Opens, reads and closes. A failed read doesn't close.
 std::vector<QuickLoadRecord> Read(const Text& path);
 void Close();
-/// Adds records at the end, without a look at what is there; makes the file if there is none.
+/// Adds records at the end, without a look at what is there; makes the file if there is none. A
+/// field that Windows-1252 can't hold fails with 5 before the file is touched.
 void Append(const Text& path, const std::vector<QuickLoadRecord>& records);
 /// Empties the file and writes `records` in their order.
 void Rewrite(const Text& path, const std::vector<QuickLoadRecord>& records);

@@ -11,6 +11,14 @@
 namespace brelmon {
 namespace {
 
+/// An apostrophe inside stays single.
+Text Quoted(const Value& value) {
+  Text text = value.ToText();
+  text.reserve(text.size() + 2);
+  text.insert(0, 1, u'\'');
+  return text += u'\'';
+}
+
 /// Reads the unique values of a field from `statistics`, stepping the bar, sorts them and lists
 /// them. Fails with 9 where there are none.
 template <class T, class Read, class Sort, class Show>
@@ -24,18 +32,17 @@ void ListValues(const Ref<IEnumValue>& values, std::int32_t count, IStatusBar& b
     bar.StepProgressBar();
   }
   sort(sorted, 0, count - 1);
-  for (const T& value : sorted) list.AddItem(show(value));
+  for (T& value : sorted) list.AddItem(show(std::move(value)));
 }
 
 /// The kinds of field differ in what their values are read, sorted and shown as. Only texts are
-/// quoted, whatever the source, and an apostrophe inside one stays single.
+/// quoted, whatever the source.
 void ListValuesOf(FieldType type, const Ref<IEnumValue>& values, std::int32_t count,
                   IStatusBar& bar, ListBox& list) {
   switch (type) {
     case FieldType::String:
-      ListValues<Text>(
-          values, count, bar, list, [](const Value& value) { return u"'" + value.ToText() + u"'"; },
-          StringsAscending, [](const Text& text) { return text; });
+      ListValues<Text>(values, count, bar, list, Quoted, StringsAscending,
+                       [](Text text) { return text; });
       break;
     case FieldType::SmallInteger:
     case FieldType::Integer:

@@ -15,15 +15,17 @@ constexpr double kNoMedian = -9999;
 constexpr std::int64_t kPasses = 3;
 
 /// What an operation gave, if it is a number; an infinity or worse is an overflow.
-double Checked(double result, std::int32_t line = __builtin_LINE()) {
-  if (!std::isfinite(result)) Raise(failure::kOverflow, line);
+double Checked(double result, std::int32_t line = __builtin_LINE(),
+               const char* file = __builtin_FILE()) {
+  if (!std::isfinite(result)) Raise(failure::kOverflow, line, file);
   return result;
 }
 
 /// A counter of 32 bits.
-std::int32_t Counter(std::int64_t count, std::int32_t line = __builtin_LINE()) {
+std::int32_t Counter(std::int64_t count, std::int32_t line = __builtin_LINE(),
+                     const char* file = __builtin_FILE()) {
   const auto counter = static_cast<std::int32_t>(count);
-  if (counter != count) Raise(failure::kOverflow, line);
+  if (counter != count) Raise(failure::kOverflow, line, file);
   return counter;
 }
 

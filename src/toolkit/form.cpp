@@ -11,8 +11,6 @@ namespace brelmon {
 
 namespace {
 
-constexpr std::int32_t kFormAlreadyShown = 400;
-
 /// Runs `undo` at the end of a scope, failed or not.
 template <class Undo>
 class AtExit {
@@ -88,7 +86,7 @@ void Form::Hide() {
 void Form::ShowModal() {
   const auto alive = Alive();
   EnsureLoaded();
-  if (visible_) Raise(kFormAlreadyShown, u"Form already displayed; can't show modally");
+  if (visible_) Raise(failure::kFormAlreadyShown, u"Form already displayed; can't show modally");
   if (state_ == State::Unloaded) return;  // unloaded by its own load
   visible_ = true;
   const AtExit closed([this] { visible_ = false; });

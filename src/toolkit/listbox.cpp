@@ -22,9 +22,9 @@ void ListBox::SetMultiSelect(Select select) {
   Changed(Aspect::Items);
 }
 
-void ListBox::AddItem(const brelmon::Text& text) {
+void ListBox::AddItem(brelmon::Text text) {
   Touch();
-  rows_.push_back(text);
+  rows_.push_back(std::move(text));
   if (select_ == Select::Extended) selected_.push_back(false);
   Changed(Aspect::Items);
 }

@@ -18,7 +18,7 @@ class ListBox : public Control {
 
   Select MultiSelect();
   void SetMultiSelect(Select select);
-  void AddItem(const brelmon::Text& text);
+  void AddItem(brelmon::Text text);
   void Clear();  // no rows; runs nothing
   std::int32_t ListCount();
   /// Row from 0; out of bounds fails with 380 (with 9 for Selected).

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// Exchange sort around the middle element, with a heap sort for ranges that split badly.
+// Long ranges by the digits of their keys; short ones, and numbers of which some are none, by
+// exchanges around the middle element.
 #include "util/QuickSortNonCase.h"
 
 #include <algorithm>
@@ -8,6 +9,8 @@
 
 #include "frame/guard.h"
 #include "platform/collection.h"
+#include "util/radixsort.h"
+#include "util/textorder.h"
 
 namespace brelmon {
 namespace {
@@ -69,11 +72,36 @@ void CheckBounds(const std::vector<T>& values, std::int32_t low, std::int32_t hi
 }
 
 template <class T, class Below>
-void SortBetween(std::vector<T>& values, std::int32_t low, std::int32_t high, Below below) {
-  CheckBounds(values, low, high);
-  if (low >= high) return;
+void SortByExchange(std::vector<T>& values, std::int32_t low, std::int32_t high, Below below) {
   const auto count = static_cast<std::uint32_t>(high - low) + 1;
   SortRange(values.data(), low, high, below, kSplits * static_cast<int>(std::bit_width(count)));
+}
+
+/// `keyOf` gives unsigned numbers that ascend with the elements.
+template <class T, class KeyOf>
+void SortBetween(std::vector<T>& values, std::int32_t low, std::int32_t high, KeyOf keyOf) {
+  const auto below = [&](const T& one, const T& other) { return keyOf(one) < keyOf(other); };
+  const auto above = [&](const T& one, const T& other) { return keyOf(other) < keyOf(one); };
+  const auto first = values.begin() + low;
+  const auto end = values.begin() + high + 1;
+  if (static_cast<std::size_t>(end - first) < kWorthDigits) {
+    SortByExchange(values, low, high, below);
+  } else if (std::is_sorted(first, end, above)) {
+    std::reverse(first, end);
+  } else if (!std::is_sorted(first, end, below)) {
+    SortByDigits(&*first, static_cast<std::size_t>(end - first), keyOf);
+  }
+}
+
+constexpr std::uint32_t KeyOf(std::int32_t number) {
+  return static_cast<std::uint32_t>(number) ^ 0x80000000;
+}
+
+/// A negative number's bits descend, so they are turned over. Both zeroes are one.
+std::uint64_t KeyOf(double number) {
+  constexpr std::uint64_t kSign = std::uint64_t{1} << 63;
+  const auto bits = std::bit_cast<std::uint64_t>(number + 0.0);
+  return (bits & kSign) != 0 ? ~bits : bits | kSign;
 }
 
 struct DayOfDate {
@@ -84,32 +112,45 @@ struct DayOfDate {
 }  // namespace
 
 void LongAscending(std::vector<std::int32_t>& values, std::int32_t low, std::int32_t high) {
-  Guard::Top(u"LongAscending", [&] { SortBetween(values, low, high, std::less<>()); });
+  Guard::Top(u"LongAscending", [&] {
+    CheckBounds(values, low, high);
+    if (low < high)
+      SortBetween(values, low, high, [](std::int32_t number) { return KeyOf(number); });
+  });
 }
 
 void DoubleAscending(std::vector<double>& values, std::int32_t low, std::int32_t high) {
-  Guard::Top(u"DoubleAscending", [&] { SortBetween(values, low, high, std::less<>()); });
+  Guard::Top(u"DoubleAscending", [&] {
+    CheckBounds(values, low, high);
+    if (low >= high) return;
+    const auto isNumber = [](double number) { return number == number; };
+    if (std::all_of(values.begin() + low, values.begin() + high + 1, isNumber)) {
+      SortBetween(values, low, high, [](double number) { return KeyOf(number); });
+    } else {
+      SortByExchange(values, low, high, std::less<>());
+    }
+  });
 }
 
 void StringsAscending(std::vector<Text>& values, std::int32_t low, std::int32_t high) {
   Guard::Top(u"StringsAscending", [&] {
-    SortBetween(values, low, high,
-                [](const Text& one, const Text& other) { return CompareNoCase(one, other) < 0; });
+    CheckBounds(values, low, high);
+    if (low < high) SortNoCase(values.data() + low, static_cast<std::size_t>(high - low) + 1);
   });
 }
 
 void DatesAscending(std::vector<Date>& values, std::int32_t low, std::int32_t high) {
   Guard::Top(u"DatesAscending", [&] {
     CheckBounds(values, low, high);
-    std::vector<DayOfDate> days(values.size());
-    for (std::size_t at = 0; at < days.size(); ++at) {
-      const auto index = static_cast<std::int32_t>(at);
-      const bool inRange = index >= low && index <= high;
-      days[at] = {inRange ? DateToJulian(values[at]) : 0, values[at]};
+    if (low > high) return;
+    std::vector<DayOfDate> days;
+    days.reserve(static_cast<std::size_t>(high - low) + 1);
+    for (std::int32_t at = low; at <= high; ++at) {
+      const Date date = values[static_cast<std::size_t>(at)];
+      days.push_back({DateToJulian(date), date});
     }
-    SortBetween(days, low, high,
-                [](const DayOfDate& one, const DayOfDate& other) { return one.day < other.day; });
-    std::ranges::transform(days, values.begin(), &DayOfDate::date);
+    SortBetween(days, 0, high - low, [](const DayOfDate& date) { return KeyOf(date.day); });
+    std::ranges::transform(days, values.begin() + low, &DayOfDate::date);
   });
 }
 

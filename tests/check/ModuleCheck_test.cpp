@@ -1,78 +1,33 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// The rules of the map document, and the repair of the text files.
+// The repair of the text files, and files that no author wrote. What is found in a module is held
+// with the command line, on real data.
+#include "check/ModuleCheck.h"
+
+#include <gtest/gtest.h>
+
 #include <random>
 
 #include "check/ModuleText.h"
-#include "statistics/brelmon_themeiddialog.h"
-#include "statistics/cmdStats.h"
-#include "tests/check/module.h"
+#include "check/Spelling.h"
+#include "tests/support/fake_world.h"
 
 namespace brelmon::test {
 namespace {
 
-class ModuleCheckTest : public ModuleTest {
+class ModuleCheckTest : public ::testing::Test {
  protected:
-  /// Calculate Statistics on the first numeric field of the first layer.
-  void Statistics() {
-    world.users[u"brelmon_ThemeIDDialog"] = [](Form& form) {
-      auto& dialog = static_cast<brelmon_ThemeIDDialog&>(form);
-      dialog.lbxTheme.UserClick(0);
-      dialog.lbxField.UserClick(0);
-      dialog.cmdOK.UserClick();
-    };
-    const auto command = New<cmdStats>();
-    command->OnCreate(world.application);
-    command->OnClick();
+  ModuleCheckTest() { world.files[world.path] = "<project/>"; }
+  void SetQuickLoad(const std::string& bytes) { world.files[u"C:\\Module\\QuickLoad.txt"] = bytes; }
+  void SetMedia(const std::string& bytes) { world.files[u"C:\\Module\\media_list.txt"] = bytes; }
+  CheckedModule Module() {
+    CheckedModule module;
+    module.DocumentPath = world.path;
+    module.Document = world.document;
+    module.Files = CurrentServices().files;
+    return module;
   }
+  FakeWorld world;
 };
-
-TEST_F(ModuleCheckTest, LayersWhoseDataIsGone) {
-  world.map->AddFeatureLayer(u"quakes")->valid = false;
-  world.map->AddTable(u"weather")->valid = false;
-  EXPECT_EQ(
-      Check(),
-      "map.qgs:1: the data of the table \"weather\" is gone; the tools leave it out or refuse "
-      "it; put the data back, or remove the table\n"
-      "map.qgs:3: the data of the layer \"quakes\" is gone; the tools leave it out or refuse "
-      "it; put the data back, or remove the layer\n");
-  const auto command = New<cmdStats>();
-  command->OnCreate(world.application);
-  EXPECT_FALSE(command->Enabled());
-}
-
-TEST_F(ModuleCheckTest, NullsThatStopStatistics) {
-  const auto layer = world.map->AddFeatureLayer(
-      u"quakes",
-      {{u"MAG"}, {u"NAME", FieldType::String}, {u"HIDDEN", FieldType::Double, {}, false}},
-      {{4.5, u"a", Null()}, {Null(), Null(), Null()}, {5.0, u"b", 1.0}});
-  EXPECT_EQ(Check(),
-            "map.qgs:3: the field MAG of \"quakes\" has 1 null; Calculate Statistics on all its "
-            "records stops with an error; give each record a value, or hide the field\n");
-  Statistics();
-  EXPECT_TOLD("\t94\r\n");
-}
-
-TEST_F(ModuleCheckTest, LikelyNoDataCodes) {
-  world.map->AddFeatureLayer(u"quakes", {{u"DEPTH"}, {u"LON"}},
-                             {{-9999.0, -99.0}, {10.0, -120.5}, {-9999.0, 170.0}});
-  EXPECT_EQ(Check(),
-            "(note) map.qgs:3: the field DEPTH of \"quakes\" holds -9999 in 2 records, which looks "
-            "like \"no data\"; the statistics count it like any other number; tell students to "
-            "ignore the value -9999\n");
-  EXPECT_FALSE(WouldFail(CheckModule(Module())));
-}
-
-TEST_F(ModuleCheckTest, ApostropheInTheFolder) {
-  world.files.clear();
-  world.path = u"C:\\Bob's\\map.qgs";
-  world.files[world.path] = "";
-  world.files[u"C:\\Bob's\\QuickLoad.txt"] = world.files[u"C:\\Bob's\\media_list.txt"] = "";
-  EXPECT_EQ(Check(),
-            "map.qgs:1: the tools can't follow the apostrophe in the module's path; they look for "
-            "QuickLoad.txt and media_list.txt in C:\\; C:\\Bobs\\\n");
-  Jump(&QuickLoad::optViews);
-  EXPECT_TOLD("Unable to find Brelmon 'QuickLoad.txt' file.");
-}
 
 TEST_F(ModuleCheckTest, FixRewritesEncodingAndLineEndsOnly) {
   SetQuickLoad("\xEF\xBB\xBF<Query>\nGr\xC3\xBCn\n<layer>\r\n A,1 \rlast");
@@ -101,9 +56,9 @@ TEST_F(ModuleCheckTest, FixRefusesWhatThePageCannotHold) {
 
 TEST_F(ModuleCheckTest, AnyBytesAreCheckedAndNoneAreLost) {
   std::mt19937 random(20261116);
-  const std::string pieces[] = {"<Layer>", "<bookmark> ", "\r\n",         "\r",
-                                "\n",      "a:b,1",       ",x:y",         "\xDF",
-                                "1,5",     "\xC3",        "\xEF\xBB\xBF", "\xFF\xFE"};
+  const std::string pieces[] = {"<Layer>",      "<bookmark> ", "\r\n",     "\r",  "\n",
+                                "a:b,1",        ",x:y",        "\xDF",     "1,5", "\xC3",
+                                "\xEF\xBB\xBF", "\xFF\xFE",    "file\xDF", "/",   "x.url,3\r\n"};
   for (int round = 0; round < 500; ++round) {
     std::string bytes;
     for (auto left = random() % 30; left > 0; --left) {
@@ -143,11 +98,26 @@ TEST(ModuleTextTest, Encodings) {
       {"little-endian UTF-16", std::string("\xFF\xFE\xFC\0\x0A\0", 6), "\xFC\r\n"},
       {"big-endian UTF-16", std::string("\xFE\xFF\0\xFC\0\x0D", 6), "\xFC\r\n"},
       {"half a character of UTF-16", std::string("\xFF\xFE\xFC\0\x0A", 5), "\xFC\r\n"},
+      {"UTF-16 without a mark", std::string("<\0Q\0>\0\r\0\n\0", 10), "refused"},
+      {"a zero byte", std::string("<Query>\r\nQ\0\r\n", 13), "refused"},
+      {"a letter and its accent", "u\xCC\x88\r\n", "\xFC\r\n"},
       {"empty", "", ""},
       {"a mark alone", "\xEF\xBB\xBF", ""},
   };
   for (const auto& row : rows) {
     EXPECT_EQ(ModuleText(row.bytes).Repaired().value_or("refused"), row.repaired) << row.what;
+  }
+}
+
+TEST(SpellingTest, CountsEdits) {
+  const struct {
+    TextView one, other;
+    std::size_t edits;
+  } rows[] = {{u"query", u"QUERY", 0}, {u"querry", u"query", 1}, {u"qeury", u"query", 1},
+              {u"quer", u"query", 1},  {u"kwery", u"query", 2},  {u"", u"ab", 2}};
+  for (const auto& row : rows) {
+    EXPECT_EQ(Edits(row.one, row.other), row.edits) << ToUtf8(row.one);
+    EXPECT_EQ(Edits(row.other, row.one), row.edits) << ToUtf8(row.one);
   }
 }
 

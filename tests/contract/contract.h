@@ -13,8 +13,8 @@
 
 namespace brelmon::contract {
 
-/// A host in which the sample module is open. Each case gets one in the state in which it was
-/// opened: the host's own runner sees to that.
+/// A host in which a case's module is open. Each case gets one in the state in which it was opened:
+/// the host's own runner sees to that.
 class World {
  public:
   virtual ~World() = default;
@@ -29,9 +29,15 @@ class World {
   virtual void SetGraphics(const std::vector<std::string>& wkts) = 0;
 };
 
+/// The map document of a case's module, from the repository's root.
+inline constexpr const char* kSample = "samples/earth/earth.qgs";
+/// The same eight rows as a shapefile, dBASE table, GeoJSON, GeoPackage and delimited text.
+inline constexpr const char* kKinds = "tests/contract/kinds/kinds.qgs";
+
 struct Case {
   std::string name;
   std::function<void(World&)> run;
+  std::string module = kSample;
 };
 
 /// All of them, names unique.
@@ -42,6 +48,7 @@ std::vector<Case> FieldCases();
 std::vector<Case> RowCases();
 std::vector<Case> SelectionCases();
 std::vector<Case> MapCases();
+std::vector<Case> KindCases();
 
 // Tools of the cases.
 
@@ -61,8 +68,9 @@ void ExpectEqual(const A& is, const B& due, const std::string& what) {
   }
 }
 
-/// Runs `body`, which must fail with `number`.
-void ExpectFailure(std::int32_t number, const std::function<void()>& body, const std::string& what);
+/// Runs `body`, which must fail with `number`, out of the host.
+void ExpectFailure(std::int32_t number, const std::function<void()>& body, const std::string& what,
+                   TextView source = u"Brelmon host");
 
 /// By name in the focus map; failing that, the case fails.
 Ref<ILayer> LayerNamed(World& world, const Text& name);

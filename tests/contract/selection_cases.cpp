@@ -100,7 +100,11 @@ void Graphics(World& world) {
   const Ref<ILayer> countries = LayerNamed(world, u"countries");
   countries.As<IFeatureSelection>()->SelectFeatures(filter, SelectionMethod::Add, false);
   ExpectEqual(Selected(countries), 1, "the one country with islands there");
+  // The shape column of a GeoPackage bears another name in the file.
   const Ref<ILayer> stations = LayerNamed(world, u"Stations");
+  stations.As<IFeatureSelection>()->SelectFeatures(filter, SelectionMethod::Add, false);
+  ExpectEqual(Selected(stations), 1, "the one station there");
+  filter->GeometryField = u"geom";
   ExpectFailure(
       failure::kRefused,
       [&] {

@@ -20,7 +20,7 @@ inline std::string NameOf(const testing::TestParamInfo<Case>& test) {
 
 template <class HostWorld>
 void ExpectHolds(const Case& test) {
-  HostWorld world;
+  HostWorld world(test.module);
   try {
     test.run(world);
   } catch (const std::exception& reason) {

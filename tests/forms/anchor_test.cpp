@@ -98,6 +98,12 @@ TEST(AnchorLists, FindEntriesAndNeverControls) {
   form.Resize(9000, 2000);
   EXPECT_EQ(form.lbxAll.Left(), 6000);
   EXPECT_EQ(list.Count(), 1);
+
+  // An entry that is not, or no longer, of the list is held like any object; it can't be placed.
+  EXPECT_EQ(list.Item(one)->X().AnchorType, AnchorFarEdge);
+  const auto held = list.Item(two);
+  EXPECT_EQ(list.IndexOf(held), 2);
+  EXPECT_EQ(FailureOf([&] { held->SetAnchors(AnchorFixed, AnchorFixed); }), 438);
 }
 
 TEST(AnchorLists, AListThatEndedIsNotHeard) {

@@ -69,6 +69,10 @@ TEST(About, SystemInformationFollowsTheRegistry) {
   about->cmdSysInfo.UserClick();
   EXPECT_EQ(world.ran, (std::vector<Text>{u"C:\\Info\\MSINFO32.EXE", u"C:\\tool.exe"}));
 
+  world.registry[kPathKey] = Text(1025, u'x');  // too long: on to the folder
+  about->cmdSysInfo.UserClick();
+  EXPECT_EQ(world.ran.back(), u"C:\\Info\\MSINFO32.EXE");
+
   world.registry[kPathKey] = u"";  // counts as found, and can't be run
   about->cmdSysInfo.UserClick();
   EXPECT_EQ(world.trails.size(), 1u);

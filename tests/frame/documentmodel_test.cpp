@@ -92,7 +92,7 @@ struct LostLayer : public test::FakeLayer {
 TEST_F(EnabledRules, MapHasDataIgnoresFailuresOfLayersAlone) {
   world.map->layers.push_back(New<LostLayer>());
   EXPECT_EQ(Holding(), "w");
-  world.map->AddTable(u"table");
+  world.map->AddFeatureLayer(u"behind it");
   EXPECT_EQ(Holding(), "wm");
   world.document->maps.clear();
   EXPECT_ANY_THROW(IsEnabled(EnabledRule::MapHasData, world.document));

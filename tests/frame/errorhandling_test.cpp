@@ -25,7 +25,7 @@ TEST(ErrorTrail, ChainShowsTopFirstAndOneBlock) {
             u"B",
             [] {
               Guard::Inner(
-                  u"C", [] { throw Failure(457, u"Where", u"Taken", 12); }, kModule);
+                  u"C", [] { throw Failure(457, u"Where", u"Taken", 12, kModule); }, kModule);
             },
             kModule);
       },
@@ -39,9 +39,10 @@ TEST(ErrorTrail, ChainShowsTopFirstAndOneBlock) {
             "\r\nError Number \r\n\t457\r\nDescription\r\n\tTaken\r\n\r\n");
   EXPECT_FALSE(ErrorHandling::TrailInProgress());
 
-  // The next failure builds a block of its own, and the dialog is the same one.
+  // The next failure builds a block of its own, in the same dialog; a statement of another file
+  // tells no line.
   Guard::Top(
-      u"A", [] { Raise(9, u"Again", 0); }, kModule);
+      u"A", [] { Raise(9, u"Again"); }, kModule);
   ASSERT_EQ(world.trails.size(), 2u);
   EXPECT_NE(ToUtf8(world.trails[1]).find("\tA src/x/y.cpp \r\n\r\nError Number \r\n\t9\r\n"),
             std::string::npos);
@@ -80,7 +81,7 @@ TEST(ErrorTrail, OtherModesUseTheMessageBox) {
 
 TEST(Guard, PlainBoxTellsNumberSourceAndDescription) {
   FakeWorld world;
-  Guard::PlainBox([] { throw Failure(13, u"Host", u"Misfit", 5); }, kModule);
+  Guard::PlainBox([] { throw Failure(13, u"Host", u"Misfit", 5, kModule); }, kModule);
   EXPECT_EQ(Boxes(world),
             "[BrelmonOpenTable] Class_Terminate src/x/y.cpp Line : 5\r\n13\r\nHost\r\nMisfit\n");
   EXPECT_TRUE(world.trails.empty());

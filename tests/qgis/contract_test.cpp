@@ -8,7 +8,9 @@ namespace {
 
 class QgisWorld : public World {
  public:
-  QgisWorld() { qgis::test::OpenModule(); }
+  explicit QgisWorld(const std::string& module) {
+    qgis::test::OpenModule(QString::fromStdString(module).section(QLatin1Char('/'), -2));
+  }
   Ref<IApplication> Application() override { return qgis::test::Access().application; }
   Ref<IMxDocument> Document() override { return qgis::test::Document(); }
   IHostObjects& Objects() override { return *qgis::test::Access().services.objects; }

@@ -82,7 +82,7 @@ const TestAccess& Access() { return *running; }
 
 Ref<IMxDocument> Document() { return Access().application->Document().As<IMxDocument>(); }
 
-void OpenModule() {
+void OpenModule(const QString& document) {
   SetGraphics({});
   for (QWidget* window : QApplication::topLevelWidgets()) {
     if (window->inherits("QgsAttributeTableDialog")) window->close();
@@ -90,7 +90,7 @@ void OpenModule() {
   // QGIS's own handler would ask what to do about a layer whose data is gone.
   QgsProject::instance()->setBadLayerHandler(new QgsProjectBadLayerHandler);
   QgsProject::instance()->setDirty(false);
-  QgsProject::instance()->read(Module() + QStringLiteral("/earth.qgs"));
+  QgsProject::instance()->read(Module() + QStringLiteral("/../") + document);
   Access().iface->mainWindow()->showMaximized();
   ShowLayersPanel(true);
   QApplication::processEvents();

@@ -16,7 +16,7 @@ const TestAccess& Access();
 Ref<IMxDocument> Document();
 
 /// Opens the module's project anew, as it is on the disk.
-void OpenModule();
+void OpenModule(const QString& document = QStringLiteral("earth/earth.qgs"));
 /// Selects items in the Layers panel: layers and tables by object, frames by their group.
 void Pick(const std::vector<Ref<IObject>>& items);
 /// A layer of the data frame in focus; null if none has that name.

@@ -61,6 +61,23 @@ class EditorTest : public ::testing::Test {
   std::string listed;
 };
 
+TEST_F(EditorTest, WhatCanNotBeWrittenIsToldAndNotSaved) {
+  world.files[kQuickLoadPath] = kThree;
+  NameBookmark(u"\u0141\u00F3d\u017A");
+  Click<cmdQLAddSpatial>(world);
+  EXPECT_NE(Boxes(world).find("can't hold the letter \"\u0141\""), std::string::npos)
+      << Boxes(world);
+  EXPECT_EQ(*QuickLoadBytes(world), kThree);
+  world.boxes.clear();
+  world.diskFull = true;
+  NameBookmark(u"Gulf");
+  Click<cmdQLAddSpatial>(world);
+  EXPECT_TRUE(Boxes(world).ends_with("\r\n61\r\nBrelmonOpenTable\r\nDisk full\n")) << Boxes(world);
+  world.browsed.push_back(Browsed(std::vector<Text>()));  // OK with nothing chosen is no Cancel
+  Click<cmdQLAddLayer>(world);
+  EXPECT_EQ(world.boxes.size(), 1u);
+}
+
 TEST_F(EditorTest, ThreeCommandsOneFile) {
   world.answers = {box::kAnswerYes};
   world.map->extent->PutCoords(-98.25, 0.1 + 0.2, 1e15, 1.0 / 3);

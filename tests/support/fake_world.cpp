@@ -31,7 +31,7 @@ class Browser : public IGxDialog {
   bool DoModalSave(std::int32_t) override;
 
  private:
-  std::vector<Text> Answer(const char* what);
+  Browsed Answer(const char* what);
   FakeWorld& world_;
   bool multi_ = false;
   Text start_, title_, caption_, name_, folder_;
@@ -70,7 +70,7 @@ class Chosen : public IEnumGxObject {
   std::size_t next_ = 0;
 };
 
-std::vector<Text> Browser::Answer(const char* what) {
+Browsed Browser::Answer(const char* what) {
   Note(&world_.log, std::string(what) + " [" + ToUtf8(title_) + "] [" + ToUtf8(caption_) + "] at " +
                         ToUtf8(start_) + (multi_ ? " multi" : "") + " filter " +
                         std::to_string(static_cast<int>(filter_)) + " name " + ToUtf8(name_));
@@ -82,17 +82,18 @@ std::vector<Text> Browser::Answer(const char* what) {
 
 bool Browser::DoModalOpen(std::int32_t, Ref<IEnumGxObject>& selection) {
   auto answer = Answer("Open");
-  if (answer.empty()) return false;
-  selection = New<Chosen>(world_, std::move(answer));
+  if (!answer.ok) return false;
+  selection = New<Chosen>(world_, std::move(answer.files));
   return true;
 }
 
 bool Browser::DoModalSave(std::int32_t) {
   const auto answer = Answer("Save");
-  if (answer.empty()) return false;
-  const auto slash = answer.front().rfind(u'\\');
-  folder_ = answer.front().substr(0, slash);
-  name_ = answer.front().substr(slash + 1);
+  if (!answer.ok) return false;
+  const Text& chosen = At(answer.files, 0);
+  const auto slash = chosen.rfind(u'\\');
+  folder_ = chosen.substr(0, slash);
+  name_ = chosen.substr(slash + 1);
   return true;
 }
 
@@ -180,17 +181,23 @@ class ShapefileFolder : public IWorkspaceFactory, public IWorkspace, public IDat
 
 class Stream : public IByteStream {
  public:
-  Stream(std::string& bytes, bool fromStart) : bytes_(bytes), at_(fromStart ? 0 : bytes.size()) {}
+  Stream(FakeWorld& world, std::string& bytes, bool reads)
+      : world_(world), bytes_(bytes), at_(reads ? 0 : bytes.size()), writes_(!reads) {}
   std::string Read(std::size_t size) override {
     const std::string read = bytes_.substr(std::min(at_, bytes_.size()), size);
     at_ += read.size();
     return read;
   }
   void Write(const std::string& bytes) override { bytes_ += bytes; }
+  void Close() override {
+    if (writes_ && world_.diskFull) Raise(failure::kDiskFull, 0);
+  }
 
  private:
+  FakeWorld& world_;
   std::string& bytes_;
   std::size_t at_;
+  bool writes_;
 };
 
 }  // namespace
@@ -242,7 +249,7 @@ struct FakeWorld::Impl : IMessageBox,
     if (!bytes && mode == FileMode::Input) Raise(failure::kFileNotFound, 0);
     if (!bytes) bytes = &world.files[path];
     if (mode == FileMode::Output) bytes->clear();
-    return std::make_unique<Stream>(*bytes, mode == FileMode::Input);
+    return std::make_unique<Stream>(world, *bytes, mode == FileMode::Input);
   }
   /// In the case under which the file is kept.
   Text FromTyped(const Text& typed) override { return typed; }

@@ -15,6 +15,16 @@
 
 namespace brelmon::test {
 
+/// The answer of a catalog dialog: {} cancels, else OK with the files chosen, of which there may be
+/// none.
+struct Browsed {
+  Browsed() = default;
+  Browsed(std::initializer_list<Text> chosen) : ok(true), files(chosen) {}
+  Browsed(std::vector<Text> chosen) : ok(true), files(std::move(chosen)) {}
+  bool ok = false;
+  std::vector<Text> files;
+};
+
 /// While it lives it is the process's services. Everything asked of it is in `log`, in order.
 class FakeWorld {
   struct Impl;
@@ -57,11 +67,13 @@ class FakeWorld {
   std::map<Text, std::string> files;                 // bytes by path, any case
   std::map<Text, Value> registry;                    // "CU\\key\\name" or "LM\\..."
   std::map<Text, std::function<void(Form&)>> users;  // by form name; none fails
-  std::deque<std::vector<Text>> browsed;             // answers of catalog dialogs; {} cancels
-  std::map<Text, Ref<ILayer>> layerFiles;            // by path, any case
-  Ref<IBasicGeoprocessor> geoprocessor;              // none fails with 445
+  /// Answers of catalog dialogs.
+  std::deque<Browsed> browsed;
+  std::map<Text, Ref<ILayer>> layerFiles;  // by path, any case
+  Ref<IBasicGeoprocessor> geoprocessor;    // none fails with 445
   Ref<ISummarizeDialog> summarizeDialog;
   std::map<Text, Ref<ICommandItem>> hostCommands;  // by identifier
+  bool diskFull = false;                           // told when a written file is closed
   Text userName = u"student";
   Text tempPath = u"C:\\Temp\\";
   Date now;

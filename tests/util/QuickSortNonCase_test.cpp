@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
+#include <functional>
 #include <limits>
 #include <numeric>
 #include <random>
@@ -104,6 +106,57 @@ TEST(DoubleAscending, SortsAndStaysInRangeWithNaN) {
     const auto count = std::ranges::count_if(mixed, [](double value) { return value != value; });
     DoubleAscending(mixed, 0, Last(mixed));
     EXPECT_EQ(std::ranges::count_if(mixed, [](double value) { return value != value; }), count);
+  }
+}
+
+/// Sorts the inner part of random arrays, short and long, by a sorter and by the library.
+template <class T>
+void CompareWithLibrary(void (*sorter)(std::vector<T>&, std::int32_t, std::int32_t),
+                        T (*any)(std::mt19937_64&), bool (*below)(const T&, const T&)) {
+  std::mt19937_64 random(5);
+  for (const std::int32_t count : {2, 7, 60, 1499, 1510, 6000, 6000, 6000}) {
+    std::vector<T> values(static_cast<std::size_t>(count));
+    for (T& value : values) value = any(random);
+    std::vector<T> expected = values;
+    std::stable_sort(expected.begin() + 1, expected.end() - 1, below);
+    sorter(values, 1, count - 2);
+    const auto differ = [&](const T& one, const T& other) {
+      return below(one, other) || below(other, one);
+    };
+    const auto [at, due] =
+        std::mismatch(values.begin(), values.end(), expected.begin(), std::not_fn(differ));
+    EXPECT_EQ(at - values.begin(), count);
+    std::sort(values.begin(), values.end());  // none is lost, none comes twice
+    std::sort(expected.begin(), expected.end());
+    EXPECT_TRUE(values == expected) << count;
+  }
+}
+
+TEST(Sorters, AgreeWithTheLibrary) {
+  CompareWithLibrary<std::int32_t>(
+      LongAscending,
+      [](auto& random) { return static_cast<std::int32_t>(random() >> (random() % 60)); },
+      [](const std::int32_t& one, const std::int32_t& other) { return one < other; });
+  CompareWithLibrary<double>(
+      DoubleAscending,
+      [](auto& random) {
+        const double special[] = {0.0, -0.0, HUGE_VAL, -HUGE_VAL, 5e-324, -1e308};
+        const double number = std::ldexp(static_cast<std::int64_t>(random()), random() % 200 - 150);
+        return random() % 8 == 0 ? special[random() % 6] : number;
+      },
+      [](const double& one, const double& other) { return one < other; });
+  for (const TextView alphabet : {TextView(u"aAbBzZ\0_", 8), TextView(u"a\u00C4\u00E4", 3),
+                                  TextView(u"a\u03A3\u03C3\uFF21\uFF41", 5)}) {
+    static TextView units;
+    units = alphabet;
+    CompareWithLibrary<Text>(
+        StringsAscending,
+        [](auto& random) {
+          Text text = random() % 4 == 0 ? u"" : u"Shared Beginning";
+          for (auto more = random() % 12; more > 0; --more) text += units[random() % units.size()];
+          return text;
+        },
+        [](const Text& one, const Text& other) { return CompareNoCase(one, other) < 0; });
   }
 }
 

@@ -5,9 +5,7 @@
 #include <qgsattributetableconfig.h>
 #include <qgsvectordataprovider.h>
 
-#include <QDateTime>
-
-#include "hosts/qgis/data/ogrfacts.h"
+#include "hosts/common/hostfailure.h"
 #include "hosts/qgis/qgishost.h"
 
 namespace brelmon::qgis {
@@ -43,6 +41,15 @@ class FieldsView : public virtual IFields {
   std::shared_ptr<const FieldTable> table_;
 };
 
+bool Hidden(const QVector<QgsAttributeTableConfig::ColumnConfig>& columns, const QString& name) {
+  for (const auto& column : columns) {
+    if (column.type == QgsAttributeTableConfig::Field && column.name == name) return column.hidden;
+  }
+  return false;
+}
+
+}  // namespace
+
 FieldType TypeOf(const QgsField& field) {
   switch (field.type()) {
     case QVariant::Bool:
@@ -64,26 +71,6 @@ FieldType TypeOf(const QgsField& field) {
   }
 }
 
-bool Hidden(const QVector<QgsAttributeTableConfig::ColumnConfig>& columns, const QString& name) {
-  for (const auto& column : columns) {
-    if (column.type == QgsAttributeTableConfig::Field && column.name == name) return column.hidden;
-  }
-  return false;
-}
-
-Date DateOf(const QDateTime& time) {
-  const QDate day = time.date();
-  const QTime clock = time.time();
-  return ToDate({day.year(), day.month(), day.day(), clock.hour(), clock.minute(), clock.second()});
-}
-
-brelmon::Value WholeNumber(qlonglong number) {
-  if (number < INT32_MIN || number > INT32_MAX) return static_cast<double>(number);
-  return static_cast<std::int32_t>(number);
-}
-
-}  // namespace
-
 std::int32_t FieldTable::Find(const Text& name) const {
   for (std::size_t i = 0; i < fields.size(); ++i) {
     if (EqualNoCase(fields[i].name, name)) return static_cast<std::int32_t>(i);
@@ -92,33 +79,24 @@ std::int32_t FieldTable::Find(const Text& name) const {
 }
 
 const FieldFacts& FieldTable::At(std::int32_t index) const {
-  if (index < 0 || static_cast<std::size_t>(index) >= fields.size()) Raise(failure::kSubscript, 0);
+  if (index < 0 || static_cast<std::size_t>(index) >= fields.size())
+    host::Fail(failure::kSubscript);
   return fields[static_cast<std::size_t>(index)];
 }
 
-std::shared_ptr<const FieldTable> FieldsOf(const QgsVectorLayer& layer) {
+std::shared_ptr<const FieldTable> FieldsOf(const QgsVectorLayer& layer,
+                                           const data::VectorSource* file) {
   auto table = std::make_shared<FieldTable>();
   const auto columns = layer.attributeTableConfig().columns();
   const QgsFields fields = layer.fields();
-  const OgrFacts ogr = OgrFactsOf(layer);
   for (int i = 0; i < fields.size(); ++i) {
     const QgsField field = fields.at(i);
     FieldFacts facts;
     facts.name = FromQt(field.name());
     facts.alias = FromQt(layer.attributeDisplayName(i));
-    facts.type = TypeOf(field);
-    const auto narrow = ogr.narrowTypes.find(facts.name);
-    if (narrow != ogr.narrowTypes.end()) facts.type = narrow->second;
-    if (fields.fieldOrigin(i) == QgsFields::OriginProvider && !ogr.idField.empty() &&
-        facts.name == ogr.idField) {
-      facts.type = FieldType::OID;
-    }
+    facts.type = file ? file->Fields()[static_cast<std::size_t>(i)].Type : TypeOf(field);
     facts.visible = !Hidden(columns, field.name());
-    facts.attribute = i;
     table->fields.push_back(std::move(facts));
-  }
-  if (layer.isSpatial()) {
-    table->shapeField = ogr.shapeField.empty() ? Text(u"Shape") : ogr.shapeField;
   }
   return table;
 }
@@ -133,29 +111,6 @@ Ref<IFieldInfo> FieldInfoObject(const FieldFacts& facts) {
 
 Ref<IFields> FieldsObject(std::shared_ptr<const FieldTable> table) {
   return Ref<IFields>(std::make_shared<FieldsView>(std::move(table)));
-}
-
-brelmon::Value ValueOf(const QVariant& variant) {
-  if (variant.isNull()) return Null{};
-  switch (static_cast<QMetaType::Type>(variant.type())) {
-    case QMetaType::Bool:
-      return static_cast<std::int32_t>(variant.toBool() ? 1 : 0);
-    case QMetaType::Int:
-    case QMetaType::UInt:
-    case QMetaType::LongLong:
-      return WholeNumber(variant.toLongLong());
-    case QMetaType::ULongLong:
-    case QMetaType::Double:
-    case QMetaType::Float:
-      return variant.toDouble();
-    case QMetaType::QDate:
-    case QMetaType::QDateTime:
-      return DateOf(variant.toDateTime());
-    case QMetaType::QByteArray:
-      return brelmon::Value();
-    default:
-      return FromQt(variant.toString());
-  }
 }
 
 }  // namespace brelmon::qgis

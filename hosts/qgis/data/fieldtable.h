@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "hosts/data/vectorsource.h"
 #include "platform/table.h"
 
 namespace brelmon::qgis {
@@ -17,12 +18,10 @@ struct FieldFacts {
   Text alias;
   FieldType type = FieldType::String;
   bool visible = true;
-  int attribute = -1;  // index in the layer's attributes; -1 for the shape
 };
 
 struct FieldTable {
   std::vector<FieldFacts> fields;
-  Text shapeField;  // empty for a table
 
   /// Regardless of case; -1 if there is none.
   std::int32_t Find(const Text& name) const;
@@ -30,14 +29,15 @@ struct FieldTable {
   const FieldFacts& At(std::int32_t index) const;
 };
 
-std::shared_ptr<const FieldTable> FieldsOf(const QgsVectorLayer& layer);
+/// As the layer's attributes, in their order. A file tells the narrow kinds of number and its
+/// identifiers' column, where there is one.
+std::shared_ptr<const FieldTable> FieldsOf(const QgsVectorLayer& layer,
+                                           const data::VectorSource* file);
+FieldType TypeOf(const QgsField& field);
 
 Ref<IField> FieldObject(const FieldFacts& facts);
 Ref<IFieldInfo> FieldInfoObject(const FieldFacts& facts);
 Ref<IFields> FieldsObject(std::shared_ptr<const FieldTable> table);
-
-/// A null is a null; whole numbers that 32 bits can't hold are doubles; times of day are texts.
-brelmon::Value ValueOf(const QVariant& variant);
 
 struct SourceDescription {
   Text featureClass;  // "Shapefile Feature Class"

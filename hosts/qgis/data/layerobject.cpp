@@ -7,6 +7,7 @@
 
 #include <map>
 
+#include "hosts/common/hostfailure.h"
 #include "hosts/qgis/data/fieldtable.h"
 #include "hosts/qgis/data/vectortable.h"
 #include "hosts/qgis/qgishost.h"
@@ -44,7 +45,7 @@ class TableLayer : public VectorTable,
   bool Valid() override { return handle_ && handle_->Valid(); }
   Ref<ITable> Table() override { return Ref<ITable>(shared_from_this()); }
   void SetTable(const Ref<ITable>& table) override {
-    if (handle_) Raise(failure::kInvalidCall);
+    if (handle_) host::Fail(failure::kInvalidCall, "The table is bound already.");
     handle_ = table.As<VectorTable>()->Handle();
   }
 };
@@ -65,7 +66,7 @@ class GroupLayer : public virtual ILayer {
  public:
   explicit GroupLayer(QgsLayerTreeGroup& group) : group_(&group) {}
   Text Name() override {
-    if (!group_) Raise(failure::kNoSuchObject, u"The group is no longer in the map.");
+    if (!group_) host::Fail(failure::kNoSuchObject, "The group is no longer in the map.");
     return FromQt(group_->name());
   }
   bool Valid() override { return group_ != nullptr; }
@@ -110,7 +111,9 @@ LayerHandle::LayerHandle(std::unique_ptr<QgsMapLayer> layer)
 
 QgsMapLayer& LayerHandle::Layer() const {
   if (!layer_) {
-    Raise(failure::kNoSuchObject, u"The layer '" + name_ + u"' is no longer in the map.", 0);
+    std::string reason = "\"";
+    host::Fail(failure::kNoSuchObject,
+               reason.append(ToUtf8(name_)).append("\" is no longer part of the map."));
   }
   return *layer_;
 }

@@ -5,21 +5,21 @@
 
 #include <QFileInfo>
 
-#include "hosts/common/sourcekind.h"
+#include "hosts/data/sourcekind.h"
 #include "hosts/qgis/data/fieldtable.h"
 #include "hosts/qgis/qgishost.h"
 
 namespace brelmon::qgis {
 SourceDescription SourceFacts(const QgsVectorLayer& layer) {
   SourceDescription facts;
-  facts.workspace = host::KindOf({}, layer.storageType().toStdString());
+  facts.workspace = data::KindOf({}, layer.storageType().toStdString());
   facts.featureClass = facts.workspace + u" Feature Class";
   const QString path = QgsProviderRegistry::instance()
                            ->decodeUri(layer.providerType(), layer.source())
                            .value(QStringLiteral("path"))
                            .toString();
   if (!path.isEmpty()) {
-    const bool isFile = host::HoldsOneTable(facts.workspace);
+    const bool isFile = data::HoldsOneTable(facts.workspace);
     facts.path = (isFile ? QFileInfo(path).absolutePath() : path).toStdString();
   }
   return facts;

@@ -2,15 +2,53 @@
 // Fields, rows, selection and filter of a vector layer.
 #include "hosts/qgis/data/vectortable.h"
 
+#include <algorithm>
+#include <limits>
+
+#include "hosts/columns/cursor.h"
+#include "hosts/columns/querytokens.h"
 #include "hosts/common/folderworkspace.h"
-#include "hosts/common/querytokens.h"
-#include "hosts/qgis/data/cursor.h"
+#include "hosts/common/hostfailure.h"
 #include "hosts/qgis/data/fieldtable.h"
-#include "hosts/qgis/data/query.h"
 #include "hosts/qgis/qgishost.h"
 
 namespace brelmon::qgis {
 namespace {
+
+columns::RowIds SelectedIds(const QgsVectorLayer& layer) {
+  const QgsFeatureIds selected = layer.selectedFeatureIds();
+  columns::RowIds ids(selected.begin(), selected.end());
+  std::sort(ids.begin(), ids.end());
+  return ids;
+}
+
+QgsFeatureIds SetOf(const columns::RowIds& ids) {
+  QgsFeatureIds set;
+  set.reserve(static_cast<int>(ids.size()));
+  for (const std::int64_t id : ids) set.insert(id);
+  return set;
+}
+
+std::int32_t Count32(std::int64_t count) {
+  if (count > std::numeric_limits<std::int32_t>::max()) host::Fail(failure::kOverflow);
+  return static_cast<std::int32_t>(count);
+}
+
+/// A cursor over the layer's rows; with `only`, those among them.
+Ref<ICursor> CursorOver(QgsVectorLayer& layer, const std::shared_ptr<data::VectorSource>& file,
+                        const Ref<IQueryFilter>& filter, bool recycling,
+                        std::shared_ptr<const columns::RowIds> only) {
+  auto rows = RowsOf(layer, file);
+  columns::RowRequest request{{}, {}, std::move(only)};
+  if (filter.Offers<ISpatialFilter>()) {
+    request.Only = std::make_shared<columns::RowIds>(MatchingIds(layer, file, filter, false));
+  } else {
+    request.Clause = ClauseOf(filter);
+    rows->TryClause(request.Clause);
+  }
+  return columns::NewCursor(std::move(rows), std::move(request),
+                            filter ? filter->SubFields : Text(), recycling);
+}
 
 /// The rows that are selected whenever it is asked.
 class SelectionSetView : public virtual ISelectionSet {
@@ -19,14 +57,8 @@ class SelectionSetView : public virtual ISelectionSet {
   std::int32_t Count() override { return Layer().selectedFeatureCount(); }
   Ref<ICursor> Search(const Ref<IQueryFilter>& filter, bool recycling) override {
     QgsVectorLayer& layer = Layer();
-    RowSource source;
-    source.layer = &layer;
-    source.only = std::make_unique<QgsFeatureIds>(layer.selectedFeatureIds());
-    if (filter) source.field = filter->SubFields;
-    if (const Text clause = ClauseOf(filter); !clause.empty()) {
-      source.trial = WithClause(layer, clause);
-    }
-    return NewCursor(std::move(source), recycling);
+    return CursorOver(layer, handle_->File(), filter, recycling,
+                      std::make_shared<columns::RowIds>(SelectedIds(layer)));
   }
 
  private:
@@ -34,106 +66,81 @@ class SelectionSetView : public virtual ISelectionSet {
   std::shared_ptr<LayerHandle> handle_;
 };
 
-void SelectEverything(QgsVectorLayer& layer, SelectionMethod method) {
-  switch (method) {
-    case SelectionMethod::New:
-    case SelectionMethod::Add:
-      return layer.selectAll();
-    case SelectionMethod::Subtract:
-      return layer.removeSelection();
-    case SelectionMethod::And:
-      return;
-    case SelectionMethod::Xor:
-      return layer.invertSelection();
-  }
-}
-
-// The codes differ in number from QGIS's: they are told apart by name.
-void SelectThese(QgsVectorLayer& layer, const QgsFeatureIds& ids, SelectionMethod method) {
-  switch (method) {
-    case SelectionMethod::New:
-      return layer.selectByIds(ids, Qgis::SelectBehavior::SetSelection);
-    case SelectionMethod::Add:
-      return layer.selectByIds(ids, Qgis::SelectBehavior::AddToSelection);
-    case SelectionMethod::Subtract:
-      return layer.selectByIds(ids, Qgis::SelectBehavior::RemoveFromSelection);
-    case SelectionMethod::And:
-      return layer.selectByIds(ids, Qgis::SelectBehavior::IntersectSelection);
-    case SelectionMethod::Xor: {
-      const QgsFeatureIds before = layer.selectedFeatureIds();
-      return layer.selectByIds((before | ids) - (before & ids), Qgis::SelectBehavior::SetSelection);
-    }
-  }
-}
-
 }  // namespace
+
+const std::shared_ptr<data::VectorSource>& LayerHandle::File() const {
+  return file_.Of(static_cast<const QgsVectorLayer&>(Layer()));
+}
 
 QgsVectorLayer& VectorTable::Readable() const {
   QgsVectorLayer& layer = Layer();
   if (!layer.isValid()) {
-    Raise(failure::kFileNotFound, u"The data of '" + FromQt(layer.name()) + u"' can't be reached.",
-          0);
+    host::Fail(failure::kFileNotFound,
+               "The data of '" + layer.name().toStdString() + "' can't be reached.");
   }
   return layer;
 }
 
 QgsVectorLayer& VectorTable::Layer() const {
-  if (!handle_) Raise(failure::kObjectNotSet, 0);
+  if (!handle_) host::Fail(failure::kObjectNotSet);
   return static_cast<QgsVectorLayer&>(handle_->Layer());
 }
 
 std::int32_t VectorTable::FieldCount() {
-  return static_cast<std::int32_t>(FieldsOf(Layer())->fields.size());
+  return static_cast<std::int32_t>(ShownFields()->fields.size());
 }
 
-Ref<IField> VectorTable::Field(std::int32_t index) {
-  return FieldObject(FieldsOf(Layer())->At(index));
-}
+Ref<IField> VectorTable::Field(std::int32_t index) { return FieldObject(ShownFields()->At(index)); }
 
 Ref<IFieldInfo> VectorTable::FieldInfo(std::int32_t index) {
-  return FieldInfoObject(FieldsOf(Layer())->At(index));
+  return FieldInfoObject(ShownFields()->At(index));
 }
 
-std::int32_t VectorTable::FindField(const Text& name) { return FieldsOf(Layer())->Find(name); }
+std::int32_t VectorTable::FindField(const Text& name) { return ShownFields()->Find(name); }
 
-Ref<IFields> VectorTable::Fields() { return FieldsObject(FieldsOf(Layer())); }
+Ref<IFields> VectorTable::Fields() { return FieldsObject(ShownFields()); }
+
+std::shared_ptr<const FieldTable> VectorTable::ShownFields() const {
+  return FieldsOf(Layer(), handle_->File().get());
+}
 
 Ref<ICursor> VectorTable::Search(const Ref<IQueryFilter>& filter, bool recycling) {
-  RowSource source;
-  source.layer = &Readable();
-  if (filter) source.field = filter->SubFields;
-  if (filter.Offers<ISpatialFilter>()) {
-    source.only = std::make_unique<QgsFeatureIds>(MatchingIds(Readable(), filter, false));
-  } else if (const Text clause = ClauseOf(filter); !clause.empty()) {
-    source.trial = WithClause(Readable(), clause);
-  }
-  return NewCursor(std::move(source), recycling);
+  return CursorOver(Readable(), handle_->File(), filter, recycling, nullptr);
 }
 
 std::int32_t VectorTable::RowCount(const Ref<IQueryFilter>& filter) {
+  QgsVectorLayer& layer = Readable();
   if (filter.Offers<ISpatialFilter>()) {
-    return static_cast<std::int32_t>(MatchingIds(Readable(), filter, false).size());
+    return Count32(
+        static_cast<std::int64_t>(MatchingIds(layer, handle_->File(), filter, false).size()));
   }
+  const auto rows = RowsOf(layer, handle_->File());
   const Text clause = ClauseOf(filter);
-  return clause.empty() ? CountRows(Readable()) : CountRows(*WithClause(Readable(), clause));
+  rows->TryClause(clause);
+  return Count32(rows->CountRows(clause));
 }
 
-Text VectorTable::DefinitionExpression() { return FromQt(Layer().subsetString()); }
+columns::IColumnTable::Rows VectorTable::VisibleRows(bool selected) {
+  QgsVectorLayer& layer = Readable();
+  columns::RowRequest request;
+  if (selected) request.Only = std::make_shared<columns::RowIds>(SelectedIds(layer));
+  return {RowsOf(layer, handle_->File()), std::move(request)};
+}
+
+Text VectorTable::DefinitionExpression() { return FilterOf(Layer()); }
 
 void VectorTable::SetDefinitionExpression(const Text& expression) {
   QgsVectorLayer& layer = Readable();
   if (layer.isEditable()) {
-    Raise(failure::kPermissionDenied,
-          u"The layer '" + FromQt(layer.name()) +
-              u"' is being edited: it takes no filter until its edits are saved or dropped.",
-          0);
+    host::Fail(failure::kPermissionDenied,
+               "The layer '" + layer.name().toStdString() +
+                   "' is being edited: it takes no filter until its edits are saved or dropped.");
   }
-  const bool blank = host::IsBlank(expression);
-  if (!blank) WithDefinition(layer, expression);
+  // Tried over all rows, not only over those that the present filter shows.
+  if (handle_->File()) handle_->File()->TryClause(expression);
+  if (!handle_->File()) RowsOf(layer, nullptr)->TryClause(expression);
   const QgsFeatureIds selected = layer.selectedFeatureIds();
-  if (!layer.setSubsetString(blank ? QString() : ToQt(expression))) {
-    Raise(failure::kRefused, u"The data source refused the filter.", 0);
-  }
+  SetFilter(layer, expression);
   if (layer.selectedFeatureIds() != selected) layer.selectByIds(selected);
 }
 
@@ -145,11 +152,11 @@ Ref<ISelectionSet> VectorTable::SelectionSet() {
 void VectorTable::SelectRows(const Ref<IQueryFilter>& filter, SelectionMethod method,
                              bool justOne) {
   QgsVectorLayer& layer = Readable();
-  if (ClauseOf(filter).empty() && !filter.Offers<ISpatialFilter>() && !justOne) {
-    SelectEverything(layer, method);
-  } else {
-    SelectThese(layer, MatchingIds(layer, filter, justOne), method);
+  columns::RowIds rows = MatchingIds(layer, handle_->File(), filter, justOne);
+  if (method != SelectionMethod::New) {
+    rows = columns::Combined(SelectedIds(layer), std::move(rows), method);
   }
+  layer.selectByIds(SetOf(rows));
 }
 
 // Keeps what was selected for QGIS's own "Reselect".

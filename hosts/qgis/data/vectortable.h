@@ -6,7 +6,9 @@
 
 #include <QPointer>
 
+#include "hosts/columns/dissolve.h"
 #include "hosts/qgis/data/layerobject.h"
+#include "hosts/qgis/data/layerrows.h"
 #include "platform/map.h"
 #include "platform/workspace.h"
 
@@ -22,12 +24,17 @@ class LayerHandle {
   QgsMapLayer& Layer() const;
   bool Valid() const;  // false once it is gone
   QgsMapLayer* Release();
+  /// Of a valid vector layer: its file, or null.
+  const std::shared_ptr<data::VectorSource>& File() const;
 
  private:
   QPointer<QgsMapLayer> layer_;
   std::unique_ptr<QgsMapLayer> owned_;
   Text name_;
+  mutable FileOfLayer file_;
 };
+
+struct FieldTable;
 
 class VectorTable : public virtual IQgisLayer,
                     public virtual ITableSelection,
@@ -35,7 +42,8 @@ class VectorTable : public virtual IQgisLayer,
                     public virtual ITable,
                     public virtual ITableDefinition,
                     public virtual IClass,
-                    public virtual IDataset {
+                    public virtual IDataset,
+                    public virtual columns::IColumnTable {
  public:
   explicit VectorTable(std::shared_ptr<LayerHandle> handle) : handle_(std::move(handle)) {}
 
@@ -66,9 +74,13 @@ class VectorTable : public virtual IQgisLayer,
 
   Ref<IWorkspace> Workspace() override;
   Ref<IObject> FullName() override;
+  Rows VisibleRows(bool selected) override;
 
  protected:
   std::shared_ptr<LayerHandle> handle_;
+
+ private:
+  std::shared_ptr<const FieldTable> ShownFields() const;
 };
 
 }  // namespace brelmon::qgis

@@ -9,6 +9,7 @@
 
 #include <QFileInfo>
 
+#include "hosts/common/hostfailure.h"
 #include "hosts/common/paths.h"
 #include "hosts/qgis/document/commandbars.h"
 #include "hosts/qgis/document/contentsview.h"
@@ -26,7 +27,7 @@ class Maps : public virtual IMaps {
   Ref<IMap> Item(std::int32_t index) override {
     const auto frames = FrameNodes();
     if (index < 0 || static_cast<std::size_t>(index) >= frames.size())
-      Raise(failure::kSubscript, 0);
+      host::Fail(failure::kSubscript);
     return FrameOf(*frames[static_cast<std::size_t>(index)]);
   }
   Ref<IMap> Create() override { return NewFrame(); }
@@ -39,7 +40,11 @@ class MxDocument : public virtual IMxDocument, public virtual IDocument {
   Ref<IMap> FocusMap() override { return FrameOf(*FocusNode()); }
   Ref<IActiveView> ActiveView() override { return FocusMap().As<IActiveView>(0); }
   void SetActiveView(const Ref<IActiveView>& view) override {
-    if (QgsLayerTreeGroup* frame = NodeOf(view)) FocusOn(*frame);
+    QgsLayerTreeGroup* frame = NodeOf(view);
+    if (!frame) {
+      host::Fail(failure::kInvalidCall, "The view is none of the document's data frames.");
+    }
+    FocusOn(*frame);
   }
   Ref<IMaps> Maps() override { return New<qgis::Maps>(); }
   Ref<IContentsView> CurrentContentsView() override { return CurrentContents(); }
@@ -54,7 +59,7 @@ class Templates : public virtual ITemplates {
  public:
   std::int32_t Count() override { return 1; }
   Text Item(std::int32_t index) override {
-    if (index != 0) Raise(failure::kSubscript, 0);
+    if (index != 0) host::Fail(failure::kSubscript);
     const QString file = QgsProject::instance()->fileName();
     if (file.isEmpty()) {
       EndTurn(failure::kPathNotFound,

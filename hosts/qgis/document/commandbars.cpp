@@ -9,6 +9,7 @@
 #include <QPointer>
 #include <array>
 
+#include "hosts/common/hostfailure.h"
 #include "hosts/qgis/qgishost.h"
 
 namespace brelmon::qgis {
@@ -21,14 +22,14 @@ struct HostCommand {
 };
 
 constexpr std::array kCommands = {
-    HostCommand{u"{3E58D6D0-DF7A-11D1-ADD9-080009EC732A}",
+    HostCommand{hostcommand::kStatistics,
                 {"mActionStatisticalSummary", ""},
                 "StatisticalSummaryDockWidget"},
     HostCommand{
-        u"{82B9951B-DD63-11D1-AA7F-00C04FA37860}",
+        hostcommand::kSelectByLocation,
         {"mProcessingUserMenu_native:selectbylocation", "mProcessingAlg_native:selectbylocation"},
         ""},
-    HostCommand{u"{54EBEEE6-DC82-11D1-AA7F-00C04FA37860}", {"mActionSelectByExpression", ""}, ""},
+    HostCommand{hostcommand::kSelectByAttributes, {"mActionSelectByExpression", ""}, ""},
 };
 
 class CommandItem : public virtual ICommandItem {
@@ -36,11 +37,10 @@ class CommandItem : public virtual ICommandItem {
   CommandItem(QAction* action, QgsDockWidget* panel) : action_(action), panel_(panel) {}
   void Execute() override {
     if (panel_) return panel_->setUserVisible(true);
-    if (!action_) Raise(failure::kNoSuchObject, u"QGIS no longer has the command.", 0);
+    if (!action_) host::Fail(failure::kNoSuchObject, u"QGIS no longer has the command.");
     if (!action_->isEnabled()) {
-      Raise(failure::kInvalidCall,
-            u"QGIS has its command '" + FromQt(action_->toolTip()) + u"' disabled at the moment.",
-            0);
+      host::Fail(failure::kInvalidCall, u"QGIS has its command '" + FromQt(action_->toolTip()) +
+                                            u"' disabled at the moment.");
     }
     action_->trigger();
   }

@@ -11,6 +11,7 @@
 #include <QMainWindow>
 #include <array>
 
+#include "hosts/common/hostfailure.h"
 #include "hosts/common/objectlists.h"
 #include "hosts/qgis/data/layerobject.h"
 #include "hosts/qgis/document/dataframes.h"
@@ -69,7 +70,7 @@ class View : public virtual IContentsView {
 
 Ref<IContentsView> ContentsViewAt(std::int32_t index) {
   static const std::array<Ref<IContentsView>, 3> views = {New<View>(0), New<View>(1), New<View>(2)};
-  if (index < 0 || index > kSelectionTab) Raise(failure::kSubscript, 0);
+  if (index < 0 || index > kSelectionTab) host::Fail(failure::kSubscript);
   return views[static_cast<std::size_t>(index)];
 }
 

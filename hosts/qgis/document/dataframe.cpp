@@ -9,6 +9,7 @@
 
 #include <QPointer>
 
+#include "hosts/common/hostfailure.h"
 #include "hosts/common/objectlists.h"
 #include "hosts/qgis/data/layerobject.h"
 #include "hosts/qgis/document/activeview.h"
@@ -73,7 +74,7 @@ class DataFrame : public virtual IMap,
     if (!bound_) {
       name_ = name;
     } else if (IsTree()) {
-      Raise(failure::kNotSupported, u"A map document without data frames has no name to set.", 0);
+      host::Fail(failure::kNotSupported, u"A map document without data frames has no name to set.");
     } else {
       Node().setName(ToQt(name));
     }
@@ -83,14 +84,17 @@ class DataFrame : public virtual IMap,
     return static_cast<std::int32_t>(bound_ ? Layers(false, false).size() : 0);
   }
   Ref<IEnumLayer> Layers(const Ref<UID>& uid, bool recursive) override {
-    if (uid && !EqualNoCase(uid->Value, kFeatureLayerUID)) Raise(failure::kInvalidCall, 0);
-    auto layers = Layers(uid ? true : false, recursive);
-    if (layers.empty()) Raise(failure::kRefused, u"The data frame has no such layers.", 0);
+    const bool known = !uid || EqualNoCase(uid->Value, kFeatureLayerUID);
+    auto layers = known ? Layers(uid ? true : false, recursive) : std::vector<Ref<ILayer>>();
+    if (layers.empty()) host::Fail(failure::kRefused, u"The data frame has no such layers.");
     return host::NewEnumLayer(std::move(layers));
   }
   void AddLayer(const Ref<ILayer>& layer) override { Insert(layer.As<IQgisLayer>(0)); }
   void DeleteLayer(const Ref<ILayer>& layer) override { Remove(layer.As<IObject>()); }
-  void SetExpanded(bool expanded) override { Node().setExpanded(expanded); }
+  void SetExpanded(bool expanded) override {
+    if (bound_) Node().setExpanded(expanded);
+    expanded_ = expanded;
+  }
   Ref<IGraphicsContainerSelect> ActiveGraphicsLayer() override { return SelectedGraphics(); }
 
   std::int32_t StandaloneTableCount() override {
@@ -99,7 +103,7 @@ class DataFrame : public virtual IMap,
   Ref<IStandaloneTable> StandaloneTable(std::int32_t index) override {
     const auto tables = Tables();
     if (index < 0 || static_cast<std::size_t>(index) >= tables.size())
-      Raise(failure::kSubscript, 0);
+      host::Fail(failure::kSubscript);
     return ObjectOf(*tables[static_cast<std::size_t>(index)]).As<IStandaloneTable>(0);
   }
   void AddStandaloneTable(const Ref<IStandaloneTable>& table) override {
@@ -127,7 +131,7 @@ class DataFrame : public virtual IMap,
 
  private:
   QgsLayerTreeGroup& Node() const {
-    if (!node_) Raise(failure::kNoSuchObject, u"The data frame is not in the document.", 0);
+    if (!node_) host::Fail(failure::kNoSuchObject, u"The data frame is not in the document.");
     return *node_;
   }
   bool IsTree() const { return !Node().parent(); }
@@ -163,12 +167,13 @@ class DataFrame : public virtual IMap,
   void Insert(const Ref<IQgisLayer>& object) {
     QgsLayerTreeGroup& group = Node();
     QgsMapLayer* layer = object->LayerIfThere();
-    if (!layer) Raise(failure::kObjectNotSet, 0);
+    if (!layer) host::Fail(failure::kObjectNotSet);
     if (QgsMapLayer* owned = object->Release()) {
       QgsProject::instance()->addMapLayer(owned, false);
       Remember(object);
     }
-    group.insertLayer(0, layer);
+    // A layer lies on top, a table behind the others.
+    group.insertLayer(IsTable(*layer) ? -1 : 0, layer);
   }
 
   void Remove(const Ref<IObject>& object) {
@@ -188,7 +193,7 @@ class DataFrame : public virtual IMap,
   }
 
   QPointer<QgsLayerTreeGroup> node_;
-  bool bound_ = node_ != nullptr;
+  bool bound_ = node_ != nullptr, expanded_ = true;  // of one that is bound to nothing yet
   Text name_;
 };
 
@@ -200,6 +205,7 @@ std::map<const QgsLayerTreeGroup*, std::weak_ptr<DataFrame>>& KnownFrames() {
 void RemoveAll(QgsLayerTreeGroup& group) {
   QStringList ids;
   for (const QgsLayerTreeLayer* entry : group.findLayers()) {
+    if (entry->layer() && EntriesOf(*entry->layer()) > 1) continue;  // another frame holds it
     if (entry->layer()) EndEditing(*entry->layer());
     ids << entry->layerId();
   }
@@ -222,7 +228,8 @@ Ref<IMap> NewFrame() { return Ref<IMap>(std::make_shared<DataFrame>(nullptr)); }
 
 void AddFrame(const Ref<IMap>& map) {
   auto frame = map.As<DataFrame>(0);
-  if (frame->NodeIfThere()) Raise(failure::kInvalidCall, 0);
+  if (!frame) host::Fail(failure::kObjectNotSet);
+  if (frame->NodeIfThere()) return;
   auto* group = QgsProject::instance()->layerTreeRoot()->addGroup(ToQt(frame->Name()));
   MarkFrame(*group, true);
   frame->Bind(group);
@@ -231,6 +238,7 @@ void AddFrame(const Ref<IMap>& map) {
 
 void RemoveFrame(const Ref<IMap>& map) {
   auto frame = map.As<DataFrame>(0);
+  if (!frame) host::Fail(failure::kObjectNotSet);
   QgsLayerTreeGroup* node = frame->NodeIfThere();
   if (!node) return;
   QgsLayerTree* root = QgsProject::instance()->layerTreeRoot();

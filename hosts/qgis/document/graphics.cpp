@@ -17,6 +17,7 @@
 #include <QPointer>
 #include <algorithm>
 
+#include "hosts/common/hostfailure.h"
 #include "hosts/common/objectlists.h"
 #include "hosts/qgis/data/geometry.h"
 
@@ -82,7 +83,7 @@ class Element : public virtual IElement {
   explicit Element(GraphicId id) : id_(std::move(id)) {}
   Ref<IGeometry> Geometry() override {
     const QgsAnnotationItem* item = ItemOf(id_);
-    if (!item) Raise(failure::kNoSuchObject, u"The graphic is no longer on the map.", 0);
+    if (!item) host::Fail(failure::kNoSuchObject, u"The graphic is no longer on the map.");
     return GeometryObject({ShapeOf(*item), LayerOf(id_)->crs()});
   }
 

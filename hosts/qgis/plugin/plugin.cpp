@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // The plug-in as QGIS loads it: its entry points, its start and its end.
+#include <dlfcn.h>
 #include <qgisinterface.h>
 #include <qgisplugin.h>
 #include <qgsmessagebar.h>
@@ -10,7 +11,6 @@
 #include "hosts/qgis/document/application.h"
 #include "hosts/qgis/document/graphics.h"
 #include "hosts/qgis/document/panelfocus.h"
-#include "hosts/qgis/plugin/componentpath.h"
 #include "hosts/qgis/plugin/framemenu.h"
 #include "hosts/qgis/plugin/testdriver.h"
 #include "hosts/qgis/plugin/toolbar.h"
@@ -39,6 +39,13 @@ const QString& PluginCategory() {
 const QString& PluginVersion() {
   static const QString version = QStringLiteral(BRELMON_VERSION);
   return version;
+}
+
+/// Of the plug-in's own library.
+std::filesystem::path OwnFolder() {
+  Dl_info own{};
+  ::dladdr(reinterpret_cast<void*>(&OwnFolder), &own);
+  return std::filesystem::absolute(own.dli_fname).parent_path();
 }
 
 /// Everything that lives from loading to unloading, in order of making.
@@ -76,8 +83,8 @@ class Plugin : public QObject, public QgisPlugin {
   void Begin() {
     session_ = std::make_unique<Session>();
     Session& session = *session_;
-    SetServices(session.services->Set());
-    session.component = host::Component::Load(ComponentPath(), session.services->Set());
+    session.component = host::Component::Load(
+        host::Component::Find(OwnFolder(), BRELMON_COMPONENT_FILE), session.services->Set());
     session.application = NewApplication();
     session.toolbar = Toolbar::Make(*iface_, *session.component, session.application);
     const auto ask = [toolbar = session.toolbar.get()] { toolbar->AskSoon(); };
@@ -107,7 +114,6 @@ class Plugin : public QObject, public QgisPlugin {
     session_->toolbar.reset();
     session_->application.Reset();
     session_->component.reset();
-    SetServices({});
     session_.reset();
     SelectGraphics({});
     SetIface(nullptr);

@@ -14,6 +14,7 @@
 
 #include "frame/commandtable.h"
 #include "hosts/common/componentloader.h"
+#include "hosts/common/enabledquestion.h"
 #include "hosts/qgis/qgishost.h"
 #include "hosts/qgis/services/errordialog.h"
 #include "hosts/qgis/view/pictures.h"
@@ -39,7 +40,7 @@ QString ActionText(const Text& caption) {
 struct Button {
   Ref<ICommand> command;
   QAction* action = nullptr;
-  bool told = false;  // that its Enabled fails
+  host::EnabledQuestion<QuietErrors> enabled;
 };
 
 class ToolbarOfQgis : public Toolbar {
@@ -142,24 +143,10 @@ class ToolbarOfQgis : public Toolbar {
     if (running_) return;
     for (Button& button : buttons_) {
       if (ErrorDialogIsOpen()) return;  // its closing asks again
-      button.action->setEnabled(AskOne(button));
+      button.action->setEnabled(
+          button.enabled.Ask([&] { return button.command; },
+                             [](const Failure& failure) { TellFailure(failure.Description); }));
     }
-  }
-
-  // A lasting fault is told at its first asking; later ones keep quiet until one goes well.
-  bool AskOne(Button& button) {
-    const QuietErrors errors(button.told);
-    bool enabled = false, failed = false;
-    Text reason;
-    try {
-      enabled = button.command->Enabled();
-    } catch (...) {
-      failed = true;
-      reason = CurrentFailure().Description;
-    }
-    if (failed && !button.told) TellFailure(reason);
-    button.told = failed || errors.Count() > 0;
-    return enabled;
   }
 
   QgisInterface& iface_;

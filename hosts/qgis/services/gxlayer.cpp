@@ -11,6 +11,7 @@
 #include <QDomDocument>
 #include <QFile>
 
+#include "hosts/common/hostfailure.h"
 #include "hosts/common/paths.h"
 #include "hosts/qgis/data/layerobject.h"
 #include "hosts/qgis/qgishost.h"
@@ -20,13 +21,13 @@ namespace {
 
 QDomDocument Read(const Text& path) {
   const auto system = host::Paths().ToSystem(path);
-  if (!system || !host::FileExists(*system)) Raise(failure::kFileNotFound, 0);
+  if (!system || !host::FileExists(*system)) host::Fail(failure::kFileNotFound);
   QFile file(QString::fromStdString(*system));
-  if (!file.open(QIODevice::ReadOnly)) Raise(failure::kPathFileAccess, 0);
+  if (!file.open(QIODevice::ReadOnly)) host::Fail(failure::kPathFileAccess);
   QDomDocument document;
   QString reason;
   if (!document.setContent(&file, &reason)) {
-    Raise(failure::kRefused, u"'" + path + u"' is no layer definition: " + FromQt(reason), 0);
+    host::Fail(failure::kRefused, u"'" + path + u"' is no layer definition: " + FromQt(reason));
   }
   return document;
 }
@@ -43,11 +44,11 @@ std::unique_ptr<QgsMapLayer> LoadOne(const Text& path) {
   QDomDocument document = Read(path);
   const QDomNodeList layers = document.elementsByTagName(QStringLiteral("maplayer"));
   if (layers.size() != 1) {
-    Raise(failure::kRefused,
-          u"'" + path +
-              (layers.isEmpty() ? Text(u"' holds no layer.")
-                                : Text(u"' holds several layers: a layer file is to hold one.")),
-          0);
+    host::Fail(
+        failure::kRefused,
+        u"'" + path +
+            (layers.isEmpty() ? Text(u"' holds no layer.")
+                              : Text(u"' holds several layers: a layer file is to hold one.")));
   }
   Rename(layers.at(0).toElement());
   QgsReadWriteContext context;
@@ -56,7 +57,7 @@ std::unique_ptr<QgsMapLayer> LoadOne(const Text& path) {
   context.setProjectTranslator(QgsProject::instance());
   const auto loaded = QgsLayerDefinition::loadLayerDefinitionLayers(document, context);
   if (loaded.isEmpty()) {
-    Raise(failure::kRefused, u"QGIS can't read the layer of '" + path + u"'.", 0);
+    host::Fail(failure::kRefused, u"QGIS can't read the layer of '" + path + u"'.");
   }
   return std::unique_ptr<QgsMapLayer>(loaded.front());
 }
@@ -74,7 +75,7 @@ class GxLayer : public virtual IGxLayer, public virtual IGxFile, public virtual 
       const auto object = ObjectOwning(LoadOne(path_));
       layer_ = object.TryAs<ILayer>();
       if (!layer_) {
-        Raise(failure::kTypeMismatch, u"'" + path_ + u"' holds a table, not a layer.", 0);
+        host::Fail(failure::kTypeMismatch, u"'" + path_ + u"' holds a table, not a layer.");
       }
     }
     return layer_;

@@ -6,16 +6,15 @@
 
 #include <QFileInfo>
 
+#include "hosts/columns/dissolve.h"
+#include "hosts/columns/uniquevalues.h"
 #include "hosts/common/clock.h"
-#include "hosts/common/dissolve.h"
 #include "hosts/common/filesystem.h"
 #include "hosts/common/folderworkspace.h"
 #include "hosts/common/objectlists.h"
 #include "hosts/common/registry.h"
 #include "hosts/common/shell.h"
 #include "hosts/common/systemlocale.h"
-#include "hosts/common/uniquevalues.h"
-#include "hosts/qgis/data/dissolverows.h"
 #include "hosts/qgis/data/layerobject.h"
 #include "hosts/qgis/services/desktop.h"
 #include "hosts/qgis/services/errordialog.h"
@@ -46,13 +45,13 @@ class HostObjectsOfQgis : public IHostObjects {
   Ref<IErrorDialog> NewErrorDialog() override { return qgis::NewErrorDialog(); }
   Ref<IModelessFrame> NewModelessFrame() override { return qgis::NewModelessFrame(); }
   Ref<ITableWindow> NewTableWindow() override { return qgis::NewTableWindow(); }
-  Ref<IDataStatistics> NewDataStatistics() override { return host::NewDataStatistics(); }
+  Ref<IDataStatistics> NewDataStatistics() override { return columns::NewDataStatistics(); }
   Ref<IStandaloneTable> NewStandaloneTable() override { return NewTable(); }
   Ref<IWorkspaceFactory> NewShapefileWorkspaceFactory() override {
     return host::NewWorkspaceFactory(u"Shapefile");
   }
   Ref<IBasicGeoprocessor> NewBasicGeoprocessor() override {
-    return host::NewBasicGeoprocessor(NewDissolveRows, OpenTableFile);
+    return columns::NewBasicGeoprocessor(OpenTableFile);
   }
   Ref<IEnvelope> NewEnvelope() override { return host::NewEnvelope(); }
   Ref<IGxDialog> NewGxDialog() override { return qgis::NewGxDialog(); }

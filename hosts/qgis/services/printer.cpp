@@ -12,13 +12,14 @@
 #include <QPrinterInfo>
 #include <algorithm>
 
+#include "hosts/common/hostfailure.h"
 #include "hosts/qgis/qgishost.h"
 #include "hosts/qgis/userturn.h"
 
 namespace brelmon::qgis {
 namespace {
 
-[[noreturn]] void NoPrinter() { Raise(failure::kPrinter, 0); }
+[[noreturn]] void NoPrinter() { host::Fail(failure::kPrinter); }
 
 template <class Dialog>
 bool Ask(Dialog& dialog) {

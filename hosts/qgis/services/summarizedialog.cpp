@@ -5,6 +5,7 @@
 #include <qgspythonrunner.h>
 #include <qgsvectorlayer.h>
 
+#include "hosts/common/hostfailure.h"
 #include "hosts/qgis/data/layerobject.h"
 #include "hosts/qgis/qgishost.h"
 
@@ -36,10 +37,9 @@ class SummarizeDialog : public virtual ISummarizeDialog {
             "'qgis:statisticsbycategories', {'INPUT': %1, 'CATEGORIES_FIELD_NAME': [%2]})")
             .arg(Literal(layer), Literal(field));
     if (!QgsPythonRunner::isValid() || !QgsPythonRunner::run(code)) {
-      Raise(failure::kNotSupported,
-            u"QGIS can't open its \"Statistics by categories\": it needs Python and the "
-            u"Processing plug-in.",
-            0);
+      host::Fail(failure::kNotSupported,
+                 u"QGIS can't open its \"Statistics by categories\": it needs Python and the "
+                 u"Processing plug-in.");
     }
   }
 

@@ -11,6 +11,7 @@
 #include <QScreen>
 #include <QStyle>
 
+#include "hosts/common/hostfailure.h"
 #include "hosts/qgis/data/layerobject.h"
 #include "hosts/qgis/qgishost.h"
 #include "hosts/qgis/userturn.h"
@@ -73,7 +74,7 @@ class TableWindow : public virtual ITableWindow, public virtual ITableWindow2 {
     CheckTurn();
     const bool opens = !window_;
     if (opens) window_ = Iface().showAttributeTable(&VectorLayerOf(item_));
-    if (!window_) Raise(failure::kInvalidCall, u"QGIS did not open the table.", 0);
+    if (!window_) host::Fail(failure::kInvalidCall, u"QGIS did not open the table.");
     QWidget* top = window_->window();
     if (opens) MoveOffOthers(*top);
     BringUp(*top);

@@ -2,6 +2,7 @@
 // Which view a kind of control has.
 #include "hosts/qgis/view/controlview.h"
 
+#include "hosts/common/hostfailure.h"
 #include "hosts/qgis/view/views.h"
 
 namespace brelmon::qgis {
@@ -32,7 +33,7 @@ std::unique_ptr<ControlView> NewControlView(Control& control, IFormSurface& surf
     case ControlKind::RichTextBox:
       return NewRichTextView(static_cast<RichTextBox&>(control), parent);
   }
-  Raise(failure::kNotSupported, 0);
+  host::Fail(failure::kNotSupported);
 }
 
 }  // namespace brelmon::qgis

@@ -10,6 +10,7 @@
 #include <optional>
 #include <vector>
 
+#include "hosts/common/hostfailure.h"
 #include "hosts/qgis/qgishost.h"
 #include "hosts/qgis/view/formview.h"
 #include "hosts/qgis/view/formwindow.h"
@@ -96,7 +97,7 @@ class ModelessFrame : public virtual IModelessFrame,
   bool Visible() override { return window_ != nullptr; }
   void SetVisible(bool visible) override {
     const auto form = form_.lock();
-    if (!form) Raise(failure::kObjectNotSet, 0);
+    if (!form) host::Fail(failure::kObjectNotSet);
     if (!visible) {
       Drop();
       shown_.reset();
@@ -125,7 +126,7 @@ class ModelessFrame : public virtual IModelessFrame,
       return {view.ToTwips(window_->width()), view.ToTwips(window_->height())};
     }
     const auto form = form_.lock();
-    if (!form) Raise(failure::kObjectNotSet, 0);
+    if (!form) host::Fail(failure::kObjectNotSet);
     return {form->Width(), form->Height()};
   }
   static std::int32_t Pixels(Twips twips) {

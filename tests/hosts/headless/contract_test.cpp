@@ -1,13 +1,17 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // The contract of hosts over the headless host.
+#include <filesystem>
+
 #include "hosts/headless/headlesshost.h"
 #include "tests/contract/suite.h"
+#include "tests/hosts/tempfolder.h"
 
 namespace brelmon::contract {
 namespace {
 
 class HeadlessWorld : public World {
  public:
+  explicit HeadlessWorld(const std::string& module) : host_(CopyOf(module)) {}
   Ref<IApplication> Application() override { return host_.Application(); }
   Ref<IMxDocument> Document() override { return host_.Document(); }
   IHostObjects& Objects() override { return *host_.HostServices().objects; }
@@ -17,7 +21,16 @@ class HeadlessWorld : public World {
   void SetGraphics(const std::vector<std::string>& wkts) override { host_.SetGraphics(wkts); }
 
  private:
-  headless::HeadlessHost host_{BRELMON_SOURCE_DIR "/samples/earth"};
+  /// Cases may leave files in their module.
+  std::string CopyOf(const std::filesystem::path& module) {
+    const auto source = BRELMON_SOURCE_DIR / module.parent_path();
+    std::filesystem::copy(source, folder_.Path("module"),
+                          std::filesystem::copy_options::recursive);
+    return folder_.Path("module/" + module.filename().string());
+  }
+
+  TempFolder folder_;
+  headless::HeadlessHost host_;
 };
 
 class Contract : public testing::TestWithParam<Case> {};

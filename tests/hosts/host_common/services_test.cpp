@@ -9,7 +9,6 @@
 #include "hosts/common/clock.h"
 #include "hosts/common/registry.h"
 #include "hosts/common/shell.h"
-#include "hosts/common/uniquevalues.h"
 #include "tests/hosts/tempfolder.h"
 
 namespace brelmon::host {
@@ -77,6 +76,25 @@ TEST_F(ShellTest, HandsOverSystemPathsAndAddressesAsTheyAre) {
   EXPECT_EQ(Opened(directory + u"\\docs\\a b;$(x).pdf", directory), due);
   EXPECT_EQ(Opened(u"docs\\A B;$(x).pdf", directory + u"\\"), due);
   EXPECT_EQ(Opened(u"https://example.org/a?b=c&d", u""), "https://example.org/a?b=c&d||");
+  EXPECT_EQ(Opened(u"example.org/page.html", u""), "http://example.org/page.html||");
+  EXPECT_EQ(Opened(u"localhost:80/x:y", u""), "http://localhost:80/x:y||");
+}
+
+TEST_F(ShellTest, OpensTheAddressOfAShortcutAndNothingElse) {
+  const Text directory = Paths().ToWindows(folder.Path());
+  folder.Write("a.URL", "[InternetShortcut]\r\nurl=https://example.org/?a=b\r\n");
+  EXPECT_EQ(Opened(u"a.URL", directory), "https://example.org/?a=b|" + folder.Path() + "|");
+  for (const char* line : {"URL=file:///bin/sh", "URL=/bin/sh", "", "URL=--help"}) {
+    folder.Write("a.URL", line);
+    EXPECT_EQ(Guard::Ignore([&] { NewShell()->Execute(u"a.URL", directory, 1); }),
+              failure::kRefused);
+  }
+}
+
+TEST_F(ShellTest, ProgramsReadNothingAndWorkInTheDirectory) {
+  folder.Write("opener", "#!/bin/sh\n(cat; pwd) > \"$0.tmp\"\nmv \"$0.tmp\" \"$0.log\"\n");
+  std::filesystem::create_directory(folder.Path("docs"));
+  EXPECT_EQ(Opened(u"a.pdf", Paths().ToWindows(folder.Path("docs"))), folder.Path("docs") + "\n");
 }
 
 TEST_F(ShellTest, RunsProgramsOrFails) {
@@ -88,41 +106,6 @@ TEST_F(ShellTest, RunsProgramsOrFails) {
   EXPECT_EQ(number(u"Z:\\bin\\true"), 0);
   EXPECT_EQ(number(u"Z:\\no\\such\\program"), 53);
   EXPECT_EQ(number(Paths().ToWindows(folder.Path("plain.txt"))), 5);
-}
-
-/// Rows of one field from a list of values.
-class ListCursor : public ICursor, public ICursorFields, public IRowBuffer {
- public:
-  explicit ListCursor(std::vector<brelmon::Value> values) : values_(std::move(values)) {}
-  std::int32_t FindField(const Text& name) override { return EqualNoCase(name, u"F") ? 0 : -1; }
-  void ReadOnly(std::int32_t) override {}
-  Ref<IRowBuffer> NextRow() override {
-    if (at_ == values_.size()) return {};
-    ++at_;
-    return Ref<IRowBuffer>(std::shared_ptr<IRowBuffer>(this, [](IRowBuffer*) {}));
-  }
-  brelmon::Value Value(std::int32_t) override { return values_[at_ - 1]; }
-
- private:
-  std::vector<brelmon::Value> values_;
-  std::size_t at_ = 0;
-};
-
-TEST(UniqueValues, EachOnceAndNoNulls) {
-  const auto statistics = NewDataStatistics();
-  statistics->SetField(u"f");
-  statistics->SetCursor(New<ListCursor>(
-      std::vector<Value>{Value(3), Value(Null()), Value(3.0), Value(-0.0), Value(0), Value(u"3"),
-                         Value(Date{3}), Value(Null()), Value(u"3"), Value(u"")}));
-  const Ref<IEnumValue> values = statistics->UniqueValues();
-  EXPECT_EQ(statistics->UniqueValueCount(), 5);
-  std::string seen;
-  for (Value value = values->Next(); !value.IsEmpty(); value = values->Next()) {
-    seen += value.If<Date>() ? "date|" : ToUtf8(value.ToText()) + "|";
-  }
-  EXPECT_EQ(seen, "3|0|3|date||");
-  statistics->SetField(u"G");
-  EXPECT_THROW(statistics->UniqueValueCount(), Failure);
 }
 
 }  // namespace

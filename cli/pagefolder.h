@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// Where the page to be published is.
+#pragma once
+
+#include <string>
+
+namespace brelmon::cli {
+
+/// The environment's BRELMON_WEB, else ../share/brelmon-tools/web beside the program's folder, else
+/// where it is built. What it holds is not looked at.
+std::string PageFolder();
+
+}  // namespace brelmon::cli

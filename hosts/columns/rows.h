@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// The rows of one table, wherever they come from.
+#pragma once
+
+#include <functional>
+
+#include "hosts/columns/batch.h"
+#include "hosts/columns/codepage.h"
+#include "platform/text.h"
+
+namespace brelmon::columns {
+
+/// What to read. The clause was tried before; a blank one stands for all rows.
+struct RowRequest {
+  std::vector<std::size_t> Fields;  // columns to fill, by index in the table's fields
+  Text Clause;
+  std::shared_ptr<const RowIds> Only;  // no other rows, if set
+};
+
+class IRowSource {
+ public:
+  virtual ~IRowSource() = default;
+  virtual const std::vector<Field>& Fields() const = 0;
+  /// What its texts are stored in.
+  virtual const CodePage& Encoding() = 0;
+  /// Fails with E_FAIL, and the reason, for a clause that the source can't parse or that names a
+  /// field that isn't there.
+  virtual void TryClause(TextView clause) = 0;
+  virtual std::unique_ptr<IBatchReader> Read(const RowRequest& request) = 0;
+  /// Rows under a clause that was tried.
+  virtual std::int64_t CountRows(const Text& clause);
+  virtual RowIds IdsOfRows(const Text& clause, bool justOne);
+};
+
+/// Index of the field of that name regardless of case; -1 if there is none.
+std::int32_t FindField(const std::vector<Field>& fields, TextView name);
+
+/// Both conditions; a blank one asks for nothing.
+Text BothClauses(TextView one, TextView other);
+
+/// Takes the rows that aren't among `only` out of the live ones.
+void KeepOnly(Batch& batch, const RowIds& only);
+
+/// Each batch's live rows, thinned out by `keep`.
+std::unique_ptr<IBatchReader> Thinned(std::unique_ptr<IBatchReader> rows,
+                                      std::function<void(Batch&)> keep);
+
+/// Set arithmetic over two selections.
+RowIds Combined(const RowIds& now, RowIds rows, SelectionMethod method);
+
+}  // namespace brelmon::columns

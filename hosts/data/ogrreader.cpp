@@ -1,0 +1,202 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// Features one after the other, and of each only the fields that are asked for.
+#include "hosts/data/ogrreader.h"
+
+#include <cpl_string.h>
+
+#include "hosts/columns/querytokens.h"
+#include "hosts/common/hostfailure.h"
+
+namespace brelmon::data {
+namespace {
+
+using columns::Batch, columns::ColumnBuffer, columns::Storage;
+
+constexpr std::size_t kRows = 1024;
+
+struct FeatureBatch : Batch {
+  std::vector<ColumnBuffer> buffers;
+  columns::TextRoom texts;
+};
+
+void IgnoreTheRest(const VectorSource& source, const std::vector<std::size_t>& fields,
+                   OGRLayer& layer) {
+  if (!layer.TestCapability(OLCIgnoreFields)) return;
+  std::vector<bool> wanted(source.Fields().size(), false);
+  for (const std::size_t field : fields) wanted[field] = true;
+  CPLStringList ignored;
+  for (std::size_t i = 0; i < wanted.size(); ++i) {
+    const int index = source.PlaceOf(i).index;
+    if (index < 0 || wanted[i]) continue;
+    ignored.AddString(layer.GetLayerDefn()->GetFieldDefn(index)->GetNameRef());
+  }
+  ignored.AddString("OGR_GEOMETRY");
+  ignored.AddString("OGR_STYLE");
+  layer.SetIgnoredFields(const_cast<const char**>(ignored.List()));
+}
+
+class FeatureReader : public columns::IBatchReader {
+ public:
+  FeatureReader(std::shared_ptr<VectorSource> source, std::vector<std::size_t> fields)
+      : source_(std::move(source)), fields_(std::move(fields)), layer_(source_->Open()) {}
+
+  std::shared_ptr<Batch> Next() override {
+    if (ended_) return nullptr;
+    Start();
+    Batch& batch = *batch_;
+    while (batch.Rows < kRows) {
+      const OGRFeatureUniquePtr feature = NextFeature();
+      if (!feature) {
+        ended_ = true;
+        break;
+      }
+      for (const std::size_t field : fields_) {
+        TakeValue(*source_, *feature, field, batch_->buffers[field], batch.Rows, batch_->texts);
+      }
+      batch.Ids[batch.Rows] = feature->GetFID();
+      batch.Live.push_back(static_cast<std::uint32_t>(batch.Rows++));
+    }
+    if (batch.Rows == 0) return nullptr;
+    for (const std::size_t field : fields_) batch.Columns[field] = batch_->buffers[field].View();
+    return batch_;
+  }
+
+ protected:
+  virtual OGRFeatureUniquePtr NextFeature() = 0;
+
+  std::shared_ptr<VectorSource> source_;
+  std::vector<std::size_t> fields_;
+  VectorSource::Handle layer_;
+
+ private:
+  void Start() {
+    if (!batch_ || batch_.use_count() > 1) batch_ = std::make_shared<FeatureBatch>();
+    batch_->Rows = 0;
+    batch_->Ids.resize(kRows);
+    batch_->Live.clear();
+    batch_->texts.Clear();
+    batch_->Columns.assign(source_->Fields().size(), {});
+    batch_->buffers.resize(source_->Fields().size());
+    for (const std::size_t field : fields_) {
+      batch_->buffers[field].Start(source_->Fields()[field].Stored, kRows);
+    }
+  }
+
+  std::shared_ptr<FeatureBatch> batch_;
+  bool ended_ = false;
+};
+
+class RowsInOrder : public FeatureReader {
+ public:
+  RowsInOrder(std::shared_ptr<VectorSource> source, std::vector<std::size_t> fields,
+              const Text& clause)
+      : FeatureReader(std::move(source), std::move(fields)) {
+    CPLErrorReset();
+    if (!columns::IsBlank(clause) &&
+        layer_->SetAttributeFilter(ToUtf8(clause).c_str()) != OGRERR_NONE) {
+      host::Fail(failure::kRefused,
+                 std::string("The query was refused: ") + CPLGetLastErrorMsg() + ".");
+    }
+    IgnoreTheRest(*source_, fields_, *layer_);
+    layer_->ResetReading();
+  }
+
+ protected:
+  OGRFeatureUniquePtr NextFeature() override {
+    if (!started_) CPLErrorReset();
+    started_ = true;
+    OGRFeatureUniquePtr feature(layer_->GetNextFeature());
+    if (!feature) CheckReading(*source_);
+    return feature;
+  }
+
+ private:
+  bool started_ = false;
+};
+
+class RowsById : public FeatureReader {
+ public:
+  RowsById(std::shared_ptr<VectorSource> source, std::vector<std::size_t> fields,
+           std::shared_ptr<const columns::RowIds> ids)
+      : FeatureReader(std::move(source), std::move(fields)), ids_(std::move(ids)) {
+    IgnoreTheRest(*source_, fields_, *layer_);
+  }
+
+ protected:
+  OGRFeatureUniquePtr NextFeature() override {
+    while (next_ < ids_->size()) {
+      OGRFeatureUniquePtr feature(layer_->GetFeature((*ids_)[next_++]));
+      if (feature) return feature;
+    }
+    return nullptr;
+  }
+
+ private:
+  std::shared_ptr<const columns::RowIds> ids_;
+  std::size_t next_ = 0;
+};
+
+bool TakeMoment(const OGRFeature& feature, int index, columns::Moment& moment) {
+  int year = 0, month = 0, day = 0, hour = 0, minute = 0, zone = 0;
+  if (!feature.GetFieldAsDateTime(index, &year, &month, &day, &hour, &minute, &moment.Second,
+                                  &zone)) {
+    return false;
+  }
+  moment.Year = static_cast<std::int16_t>(year);
+  moment.Month = static_cast<std::uint8_t>(month);
+  moment.Day = static_cast<std::uint8_t>(day);
+  moment.Hour = static_cast<std::uint8_t>(hour);
+  moment.Minute = static_cast<std::uint8_t>(minute);
+  moment.Zone = static_cast<std::uint8_t>(zone);
+  return true;
+}
+
+}  // namespace
+
+void TakeValue(const VectorSource& source, const OGRFeature& feature, std::size_t field,
+               ColumnBuffer& column, std::size_t row, columns::TextRoom& texts) {
+  const OgrPlace& place = source.PlaceOf(field);
+  if (place.index < 0) {
+    column.Wholes[row] = feature.GetFID();
+    return;
+  }
+  column.Nulls[row] = 0;
+  if (!feature.IsFieldSetAndNotNull(place.index)) return column.SetNull(row);
+  switch (source.Fields()[field].Stored) {
+    case Storage::Whole:
+      column.Wholes[row] = feature.GetFieldAsInteger64(place.index);
+      return;
+    case Storage::Real:
+      column.Reals[row] = feature.GetFieldAsDouble(place.index);
+      return;
+    case Storage::Moment:
+      if (!TakeMoment(feature, place.index, column.Moments[row])) column.SetNull(row);
+      return;
+    default:
+      break;
+  }
+  if (place.type == OFTBinary) return;
+  std::string room;
+  column.Texts[row] =
+      texts.Put(source.Utf8(const_cast<OGRFeature&>(feature).GetFieldAsString(place.index), room));
+}
+
+void CheckReading(const VectorSource& source) {
+  if (CPLGetLastErrorType() < CE_Failure) return;
+  host::Fail(failure::kDeviceIo,
+             source.Address().path + " can't be read on: " + CPLGetLastErrorMsg());
+}
+
+std::unique_ptr<columns::IBatchReader> ReadFeatures(const std::shared_ptr<VectorSource>& source,
+                                                    const std::vector<std::size_t>& fields,
+                                                    const Text& clause) {
+  return std::make_unique<RowsInOrder>(source, fields, clause);
+}
+
+std::unique_ptr<columns::IBatchReader> FetchFeatures(const std::shared_ptr<VectorSource>& source,
+                                                     const std::vector<std::size_t>& fields,
+                                                     std::shared_ptr<const columns::RowIds> ids) {
+  return std::make_unique<RowsById>(source, fields, std::move(ids));
+}
+
+}  // namespace brelmon::data
