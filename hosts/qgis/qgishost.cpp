@@ -11,7 +11,7 @@
 #include <QWindow>
 #include <vector>
 
-#include "platform/failure.h"
+#include "hosts/common/hostfailure.h"
 
 namespace brelmon::qgis {
 namespace {
@@ -63,7 +63,7 @@ void ShowOver(QWidget* owner, Floating& floating) {
 }  // namespace
 
 QgisInterface& Iface() {
-  if (!running) brelmon::Raise(failure::kObjectNotSet, 0);
+  if (!running) host::Fail(failure::kObjectNotSet);
   return *running;
 }
 
