@@ -5,8 +5,10 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "hosts/common/paths.h"
 #include "hosts/columns/querytokens.h"
+#include "hosts/common/paths.h"
+#include "hosts/common/shell.h"
+#include "hosts/headless/problem.h"
 #include "hosts/headless/project.h"
 #include "platform/windows.h"
 
@@ -61,6 +63,20 @@ std::vector<Text> CheckHost::NamesIn(const Text& folder) {
 QueryWords CheckHost::WordsOf(const Text& query) {
   const columns::ClauseNames names = columns::NamesIn(query);
   return {names.fields, FromUtf8(names.fault)};
+}
+
+Text CheckHost::ProblemOf(const Ref<IObject>& item) {
+  const auto known = item.TryAs<headless::IProblem>();
+  return known ? FromUtf8(known->Problem()) : Text();
+}
+
+Text CheckHost::RefusalToOpen(const Text& location) {
+  try {
+    host::TargetOf(location, {});
+  } catch (const Failure& refusal) {
+    return refusal.Description;
+  }
+  return {};
 }
 
 }  // namespace brelmon::cli

@@ -19,6 +19,8 @@ class CheckHost : public ICheckHost {
   std::vector<WrittenSource> SourcesIn(const Text& path) override;
   std::vector<Text> NamesIn(const Text& folder) override;
   QueryWords WordsOf(const Text& query) override;
+  Text ProblemOf(const Ref<IObject>& item) override;
+  Text RefusalToOpen(const Text& location) override;
 
  private:
   headless::HeadlessHost& host_;

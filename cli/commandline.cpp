@@ -5,6 +5,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <iostream>
+#include <new>
 
 #include "frame/version.h"
 #include "hosts/common/clock.h"
@@ -155,6 +156,8 @@ int RunLine(Session& session, const Line& line, const Choices& outer, const std:
     status = line.Run(session);
   } catch (const Failure& failure) {
     reason = ToUtf8(failure.Description) + " (" + std::to_string(failure.Number) + ")";
+  } catch (const std::bad_alloc&) {
+    reason = "there is not enough memory";
   } catch (const std::exception& other) {
     reason = other.what();
   }

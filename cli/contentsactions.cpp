@@ -6,6 +6,7 @@
 #include "cli/actions.h"
 #include "cli/columns.h"
 #include "cli/dialogrows.h"
+#include "hosts/headless/problem.h"
 
 namespace brelmon::cli {
 namespace {
@@ -44,8 +45,13 @@ int ListContents(Session& session) {
   const Value selected = document->CurrentContentsView()->SelectedItem();
   const auto focus = document->FocusMap();
   Columns columns({">number", "mark", "kind", "name", "valid", ">rows", ">selected", "filter"});
+  std::vector<std::string> problems;
   for (const Item& item : ItemsOf(session.Host())) {
     const bool valid = IsValid(item);
+    const auto problem = item.Object.TryAs<headless::IProblem>();
+    if (!valid && problem) {
+      problems.push_back(ToUtf8(item.Name) + ": not opened: " + problem->Problem());
+    }
     std::string mark = Same(item.Object, focus) ? "focus" : "";
     if (IsPicked(selected, item.Object)) mark += mark.empty() ? "picked" : ",picked";
     Columns::Row row{std::to_string(item.Number), mark.empty() ? kNone : mark, item.Kind,
@@ -55,6 +61,8 @@ int ListContents(Session& session) {
     columns.Add(std::move(row));
   }
   columns.Print(std::cout);
+  std::cout << std::flush;
+  for (const std::string& each : problems) std::cerr << each << std::endl;
   return kDone;
 }
 

@@ -3,6 +3,7 @@
 #include "cli/heldshell.h"
 
 #include "hosts/common/paths.h"
+#include "hosts/common/shell.h"
 
 namespace brelmon::cli {
 namespace {
@@ -17,13 +18,17 @@ std::string Written(const Text& path) {
 void HeldShell::Execute(const Text& file, const Text& directory, int showMode) {
   Text path = directory;
   if (!path.empty() && path.back() != u'\\') path += u'\\';
+  if (opens_) {
+    real_.Execute(file, directory, showMode);
+  } else {
+    host::TargetOf(file, directory);  // fails where it would not be opened
+  }
   asked_.push_back(Written(path + file));
-  if (opens_) real_.Execute(file, directory, showMode);
 }
 
 void HeldShell::Run(const Text& program) {
-  asked_.push_back(Written(program));
   if (opens_) real_.Run(program);
+  asked_.push_back(Written(program));
 }
 
 }  // namespace brelmon::cli

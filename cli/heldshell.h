@@ -18,7 +18,8 @@ class HeldShell : public IShell {
     opens_ = opens;
     asked_.clear();
   }
-  /// Web addresses, and system paths where the tools gave a file of this system. UTF-8.
+  /// What was opened, or would have been: web addresses, and system paths where the tools gave a
+  /// file of this system; nothing that was refused. UTF-8.
   const std::vector<std::string>& Asked() const { return asked_; }
 
   void Execute(const Text& file, const Text& directory, int showMode) override;

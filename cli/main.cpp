@@ -3,9 +3,12 @@
 #include <algorithm>
 #include <cstdio>
 #include <iostream>
+#include <new>
 
 #include "cli/commandline.h"
 #include "cli/prompt.h"
+#include "cli/signals.h"
+#include "cli/visibletext.h"
 
 namespace {
 
@@ -25,9 +28,13 @@ int Run(const std::vector<std::string>& arguments) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  brelmon::cli::EndCleanlyAtSignals();
+  const brelmon::cli::VisibleText out(std::cout), errors(std::cerr);
   int status = brelmon::cli::kFailed;
   try {
     status = Run({argv + 1, argv + argc});
+  } catch (const std::bad_alloc&) {
+    std::cerr << "brelmon: there is not enough memory" << std::endl;
   } catch (const std::exception& reason) {
     std::cerr << "brelmon: " << reason.what() << std::endl;
   }

@@ -5,14 +5,25 @@
 #include <algorithm>
 #include <iostream>
 #include <string>
+#include <string_view>
 
 #include "cli/terminal.h"
+#include "cli/visibletext.h"
 
 namespace brelmon::cli {
 namespace {
 
-constexpr const char* kWipe = "\r\x1b[K";
+constexpr std::string_view kWipe = "\r\x1b[K";
+constexpr char kBell = '\a';
 constexpr int kCells = 25;
+
+/// Past what would show it.
+void Wipe() {
+  std::cerr << std::flush;
+  std::streambuf& terminal = *VisibleText::Under(std::cerr);
+  terminal.sputn(kWipe.data(), static_cast<std::streamsize>(kWipe.size()));
+  terminal.pubsync();
+}
 
 int PercentOf(const headless::Progress& progress) {
   const auto all = static_cast<std::int64_t>(progress.maximum) - progress.minimum + 1;
@@ -34,13 +45,14 @@ ProgressPicture::~ProgressPicture() {
 }
 
 void ProgressPicture::Clear() {
-  if (drawn_) std::cerr << kWipe << std::flush;
+  if (drawn_) Wipe();
   drawn_ = false;
   percent_ = -1;
 }
 
 std::streamsize ProgressPicture::Wiper::xsputn(const char* bytes, std::streamsize count) {
   picture_.Clear();
+  if (count == 1 && *bytes == kBell) return VisibleText::Under(std::cerr)->sputn(bytes, count);
   return std::cerr.rdbuf()->sputn(bytes, count);
 }
 
@@ -59,7 +71,8 @@ void ProgressPicture::Draw(const headless::Progress& progress) {
   percent_ = percent;
   drawn_ = true;
   const auto full = static_cast<std::size_t>(percent * kCells / 100);
-  std::cerr << kWipe << ToUtf8(progress.message) << " [" << std::string(full, '#')
+  Wipe();
+  std::cerr << ToUtf8(progress.message) << " [" << std::string(full, '#')
             << std::string(kCells - full, '.') << "] " << percent << '%' << std::flush;
 }
 

@@ -26,10 +26,17 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_L
   # Optimised assignments of a literal to a string look overlapping to this compiler.
   target_compile_options(brelmon_options INTERFACE -Wno-restrict)
 endif()
+if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+  # Embedded pictures are literals.
+  target_compile_options(brelmon_options INTERFACE -Wno-overlength-strings)
+endif()
 target_include_directories(brelmon_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
 if(BRELMON_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)
+endif()
+if(BRELMON_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link)
 endif()
 
 # brelmon_sources(VARIABLE FOLDER): the sources of a folder, which must have some.

@@ -7,8 +7,8 @@ build=$top/build/release
 # What ccache keeps serves every checkout, wherever it lies.
 export CCACHE_BASEDIR=$top CCACHE_NOHASHDIR=1
 
-build_packages=(cmake ninja-build g++ pkg-config libicu-dev libgdal-dev libpugixml-dev
-  libreadline-dev libcli11-dev nlohmann-json3-dev)
+build_packages=(cmake ninja-build g++ pkg-config libicu-dev libgdal-dev libsqlite3-dev
+  libpugixml-dev libreadline-dev libcli11-dev nlohmann-json3-dev)
 qgis_packages=(qgis qgis-providers libqgis-dev qtbase5-dev libqt5svg5-dev)
 test_packages=(libgtest-dev python3 xvfb xauth xdotool openbox imagemagick x11-utils)
 

@@ -3,12 +3,14 @@
 #include "hosts/columns/dbftable.h"
 
 #include <cerrno>
+#include <cstdio>
 #include <cstring>
 #include <filesystem>
-#include <fstream>
+#include <memory>
 
 #include "hosts/columns/dbfcolumns.h"
 #include "hosts/columns/dbfrecordtext.h"
+#include "hosts/columns/unfinished.h"
 #include "hosts/common/hostfailure.h"
 
 namespace brelmon::columns {
@@ -30,42 +32,48 @@ constexpr char kEndOfFile = '\x1A';
       "The table can't be written" + (error ? std::string(": ") + std::strerror(error) : "."));
 }
 
-/// A file that must reach the disk whole.
+struct CloseFile {
+  void operator()(std::FILE* file) const { std::fclose(file); }
+};
+
+/// A file that must reach the disk whole. One that is there already, a link too, is an error.
 class NewFile {
  public:
   explicit NewFile(fs::path path) : path_(std::move(path)) {
     errno = 0;
-    file_.open(path_, std::ios::binary | std::ios::trunc);
-    Check();
+    file_.reset(std::fopen(path_.string().c_str(), "wbx"));
+    Check(file_ != nullptr);
   }
   void Write(std::string_view bytes) {
     errno = 0;
-    file_.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    Check();
+    Check(std::fwrite(bytes.data(), 1, bytes.size(), file_.get()) == bytes.size());
   }
   void Close() {
     errno = 0;
-    file_.close();
-    Check();
+    Check(std::fclose(file_.release()) == 0);
   }
 
  private:
-  void Check() {
-    if (!file_) FailWriting(path_, errno);
+  void Check(bool done) {
+    if (!done) FailWriting(path_, errno);
   }
   fs::path path_;
-  std::ofstream file_;
+  std::unique_ptr<std::FILE, CloseFile> file_;
 };
 
 /// The table under its passing name. What is left of it when this ends is removed.
 class PassingTable {
  public:
   explicit PassingTable(const fs::path& path)
-      : path_(path), passing_(path.parent_path() / (path.stem().string() + "~making.dbf")) {}
+      : path_(path), passing_(path.parent_path() / (path.stem().string() + OwnMark() + ".dbf")) {
+    RemoveLeftovers(path.parent_path());
+    for (const char* extension : kExtensions) Unfinished::Keep(With(passing_, extension).string());
+  }
   ~PassingTable() {
     for (const char* extension : kExtensions) {
       std::error_code ignored;
       fs::remove(With(passing_, extension), ignored);
+      Unfinished::Forget(With(passing_, extension).string());
     }
   }
   PassingTable(const PassingTable&) = delete;
@@ -90,6 +98,31 @@ class PassingTable {
 
  private:
   static constexpr const char* kExtensions[] = {".cpg", ".dbf"};
+  static constexpr const char* kMark = "~making";
+
+  static std::string OwnMark() {
+    const auto own = Unfinished::TheProcesses().Own;
+    return kMark + std::to_string(own ? own() : 0);
+  }
+  /// What runs left behind that were killed, and what another of this process's number was.
+  static void RemoveLeftovers(const fs::path& folder) {
+    const Processes& processes = Unfinished::TheProcesses();
+    std::error_code ignored;
+    for (const auto& entry : fs::directory_iterator(folder, ignored)) {
+      const std::string extension = entry.path().extension().string();
+      const std::string stem = entry.path().stem().string();
+      const std::size_t mark = stem.rfind(kMark);
+      const bool ours = mark != std::string::npos && (extension == ".dbf" || extension == ".cpg");
+      const std::string number = ours ? stem.substr(mark + std::strlen(kMark)) : "";
+      if (number.empty() || number.size() > 9 ||
+          number.find_first_not_of("0123456789") != std::string::npos) {
+        continue;
+      }
+      const long maker = std::stol(number);
+      const bool own = processes.Own && maker == processes.Own();
+      if (own || (processes.Lives && !processes.Lives(maker))) fs::remove(entry.path(), ignored);
+    }
+  }
   fs::path With(const fs::path& table, const char* extension) const {
     if (table == path_ && std::string(extension) == ".dbf") return path_;
     fs::path other = table;

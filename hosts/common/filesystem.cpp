@@ -3,11 +3,13 @@
 #include "hosts/common/filesystem.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstdlib>
+#include <filesystem>
 #include <utility>
 
 #include "hosts/common/hostfailure.h"
@@ -77,13 +79,63 @@ class FileStream : public IByteStream {
     if (closed >= 0 && ::close(closed) != 0 && errno != EINTR) FailWriting();
   }
 
- private:
+ protected:
   [[noreturn]] static void FailWriting() {
     Fail(errno == ENOSPC || errno == EDQUOT ? failure::kDiskFull : failure::kDeviceIo);
   }
 
   int descriptor_;
 };
+
+/// What is added to a file goes there in one piece when the stream is closed, or not at all:
+/// several programs may add at once, and a piece that doesn't fit is taken back.
+class AddingStream : public FileStream {
+ public:
+  using FileStream::FileStream;
+  ~AddingStream() override {
+    try {
+      Close();
+    } catch (const Failure&) {  // nobody is there to be told
+    }
+  }
+  AddingStream(const AddingStream&) = delete;
+  AddingStream& operator=(const AddingStream&) = delete;
+
+  void Write(const std::string& bytes) override { piece_ += bytes; }
+
+  void Close() override {
+    if (!piece_.empty()) Add(std::exchange(piece_, {}));
+    FileStream::Close();
+  }
+
+ private:
+  void Add(const std::string& piece) {
+    // Where nothing can be locked one write must do.
+    while (::flock(descriptor_, LOCK_EX) != 0 && errno == EINTR) {
+    }
+    struct stat before {};
+    const bool known = ::fstat(descriptor_, &before) == 0 && S_ISREG(before.st_mode);
+    try {
+      FileStream::Write(piece);
+    } catch (const Failure&) {
+      if (known && ::ftruncate(descriptor_, before.st_size) != 0) {
+        Fail(failure::kDeviceIo, "A part of what was to be added stands at the end of the file.");
+      }
+      throw;
+    }
+  }
+
+  std::string piece_;
+};
+
+/// A link to another folder is read, and never written through.
+bool LeadsOut(const std::string& path) {
+  std::error_code error;
+  if (!std::filesystem::is_symlink(path, error)) return false;
+  const auto folder = std::filesystem::canonical(FolderOf(path), error);
+  const auto target = std::filesystem::weakly_canonical(path, error);
+  return error || target.parent_path() != folder;
+}
 
 class SystemFiles : public IFileSystem {
  public:
@@ -109,9 +161,25 @@ class SystemFiles : public IFileSystem {
     const int flags = mode == FileMode::Input    ? O_RDONLY
                       : mode == FileMode::Output ? O_WRONLY | O_CREAT | O_TRUNC
                                                  : O_WRONLY | O_CREAT | O_APPEND;
-    const int descriptor = ::open(system->c_str(), flags | O_CLOEXEC, 0666);
-    if (descriptor < 0) Fail(NumberOf(errno));
-    return std::make_unique<FileStream>(descriptor);
+    if (mode != FileMode::Input && LeadsOut(*system)) {
+      Fail(failure::kPermissionDenied, *system + " is a link out of its folder.");
+    }
+    // A pipe would keep its reader waiting for ever.
+    const int descriptor = ::open(system->c_str(), flags | O_CLOEXEC | O_NONBLOCK, 0666);
+    if (descriptor < 0) Fail(errno == ENXIO ? failure::kPathFileAccess : NumberOf(errno));
+    std::unique_ptr<FileStream> stream;
+    if (mode == FileMode::Append) {
+      stream = std::make_unique<AddingStream>(descriptor);
+    } else {
+      stream = std::make_unique<FileStream>(descriptor);
+    }
+    struct stat status {};
+    const bool known = ::fstat(descriptor, &status) == 0;
+    const bool device = mode != FileMode::Input && S_ISCHR(status.st_mode);
+    if (!known || (!S_ISREG(status.st_mode) && !device)) {
+      Fail(failure::kPathFileAccess, *system + " is no regular file.");
+    }
+    return stream;
   }
 
   Text FromTyped(const Text& typed) override {

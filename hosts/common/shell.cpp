@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "hosts/common/hostfailure.h"
+#include "hosts/common/mediapolicy.h"
 
 extern char** environ;
 
@@ -93,6 +94,20 @@ bool IsShortcut(const std::string& file) {
   return file.size() > 4 && EqualNoCase(FromUtf8(file.substr(file.size() - 4)), u".url");
 }
 
+/// A relative file is one of `directory`; what is no path at all goes out as it is.
+std::string SystemFile(const Text& file, const Text& directory, const Paths& paths) {
+  if (const auto whole = paths.ToSystem(file)) return *whole;
+  Text base = directory;
+  if (!base.empty() && base.back() != u'\\' && base.back() != u'/') base += u'\\';
+  return paths.ToSystem(base + file).value_or(ToUtf8(file));
+}
+
+std::string Allowed(std::string target) {
+  const std::string refusal = RefusalToOpen(target);
+  if (!refusal.empty()) Fail(failure::kRefused, refusal);
+  return target;
+}
+
 class SystemShell : public IShell {
  public:
   explicit SystemShell(Paths paths) : paths_(std::move(paths)) {}
@@ -100,12 +115,15 @@ class SystemShell : public IShell {
   void Execute(const Text& file, const Text& directory, int) override {
     if (file.empty()) return;
     const std::string folder = paths_.ToSystem(directory).value_or("");
-    const std::string target = Target(file, directory);
-    const char* opener = std::getenv("BRELMON_OPENER");
-    if (opener != nullptr && *opener != '\0') {
-      children_.Spawn({opener, target, folder}, folder);
-    } else if (!target.empty() && target[0] != '-') {  // never an option
-      children_.Spawn({"xdg-open", target}, folder);
+    const std::string target = TargetOf(file, directory, paths_);
+    const char* named = std::getenv("BRELMON_OPENER");
+    const bool own = named != nullptr && *named != '\0';
+    const std::string opener = own ? named : "xdg-open";
+    std::vector<std::string> words{opener, target};
+    if (own) words.push_back(folder);
+    if (!children_.Spawn(words, folder)) {
+      Fail(failure::kRefused,
+           target + " is not opened: the program " + opener + " can't be started.");
     }
   }
 
@@ -125,30 +143,22 @@ class SystemShell : public IShell {
   }
 
  private:
-  std::string Target(const Text& file, const Text& directory) const {
-    const std::string written = ToUtf8(file);
-    if (HasScheme(written)) return written;
-    if (directory.empty() && !paths_.ToSystem(file)) return WebAddress(written);
-    std::string target = SystemFile(file, directory);
-    if (!IsShortcut(target)) return target;
-    target = AddressIn(target);
-    if (target.empty()) Fail(failure::kRefused, "The shortcut " + written + " names no web page.");
-    return target;
-  }
-
-  /// A relative file is one of `directory`; what is no path at all goes out as it is.
-  std::string SystemFile(const Text& file, const Text& directory) const {
-    if (const auto whole = paths_.ToSystem(file)) return *whole;
-    Text base = directory;
-    if (!base.empty() && base.back() != u'\\' && base.back() != u'/') base += u'\\';
-    return paths_.ToSystem(base + file).value_or(ToUtf8(file));
-  }
-
   Paths paths_;
   Children children_;
 };
 
 }  // namespace
+
+std::string TargetOf(const Text& file, const Text& directory, const Paths& paths) {
+  const std::string written = ToUtf8(file);
+  if (HasScheme(written)) return Allowed(written);
+  if (directory.empty() && !paths.ToSystem(file)) return Allowed(WebAddress(written));
+  const std::string target = Allowed(SystemFile(file, directory, paths));
+  if (!IsShortcut(target)) return target;
+  const std::string address = AddressIn(target);
+  if (address.empty()) Fail(failure::kRefused, "The shortcut " + written + " names no web page.");
+  return Allowed(address);
+}
 
 std::unique_ptr<IShell> NewShell(Paths paths) {
   return std::make_unique<SystemShell>(std::move(paths));

@@ -21,6 +21,8 @@ class HandlePool {
   /// The one that has waited longest is closed where there are too many.
   void Give(const void* owner, Handle handle);
   void Drop(const void* owner);
+  /// Closes all that wait.
+  void DropAll() { idle_.clear(); }
 
  private:
   static constexpr std::size_t kMost = 32, kMostOfOne = 2;

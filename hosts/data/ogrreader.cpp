@@ -43,6 +43,7 @@ class FeatureReader : public columns::IBatchReader {
   std::shared_ptr<Batch> Next() override {
     if (ended_) return nullptr;
     Start();
+    const ErrorWatch watch;
     Batch& batch = *batch_;
     while (batch.Rows < kRows) {
       const OGRFeatureUniquePtr feature = NextFeature();
@@ -56,6 +57,7 @@ class FeatureReader : public columns::IBatchReader {
       batch.Ids[batch.Rows] = feature->GetFID();
       batch.Live.push_back(static_cast<std::uint32_t>(batch.Rows++));
     }
+    CheckReading(*source_, watch);
     if (batch.Rows == 0) return nullptr;
     for (const std::size_t field : fields_) batch.Columns[field] = batch_->buffers[field].View();
     return batch_;
@@ -91,11 +93,10 @@ class RowsInOrder : public FeatureReader {
   RowsInOrder(std::shared_ptr<VectorSource> source, std::vector<std::size_t> fields,
               const Text& clause)
       : FeatureReader(std::move(source), std::move(fields)) {
-    CPLErrorReset();
+    const ErrorWatch watch;
     if (!columns::IsBlank(clause) &&
         layer_->SetAttributeFilter(ToUtf8(clause).c_str()) != OGRERR_NONE) {
-      host::Fail(failure::kRefused,
-                 std::string("The query was refused: ") + CPLGetLastErrorMsg() + ".");
+      host::Fail(failure::kRefused, "The query was refused: " + watch.Failure() + ".");
     }
     IgnoreTheRest(*source_, fields_, *layer_);
     layer_->ResetReading();
@@ -103,15 +104,8 @@ class RowsInOrder : public FeatureReader {
 
  protected:
   OGRFeatureUniquePtr NextFeature() override {
-    if (!started_) CPLErrorReset();
-    started_ = true;
-    OGRFeatureUniquePtr feature(layer_->GetNextFeature());
-    if (!feature) CheckReading(*source_);
-    return feature;
+    return OGRFeatureUniquePtr(layer_->GetNextFeature());
   }
-
- private:
-  bool started_ = false;
 };
 
 class RowsById : public FeatureReader {
@@ -181,10 +175,9 @@ void TakeValue(const VectorSource& source, const OGRFeature& feature, std::size_
       texts.Put(source.Utf8(const_cast<OGRFeature&>(feature).GetFieldAsString(place.index), room));
 }
 
-void CheckReading(const VectorSource& source) {
-  if (CPLGetLastErrorType() < CE_Failure) return;
-  host::Fail(failure::kDeviceIo,
-             source.Address().path + " can't be read on: " + CPLGetLastErrorMsg());
+void CheckReading(const VectorSource& source, const ErrorWatch& watch) {
+  if (watch.Failure().empty()) return;
+  host::Fail(failure::kDeviceIo, source.Address().path + " can't be read on: " + watch.Failure());
 }
 
 std::unique_ptr<columns::IBatchReader> ReadFeatures(const std::shared_ptr<VectorSource>& source,

@@ -2,6 +2,7 @@
 // GDAL's features as columns.
 #pragma once
 
+#include "hosts/data/errorwatch.h"
 #include "hosts/data/vectorsource.h"
 
 namespace brelmon::data {
@@ -21,7 +22,7 @@ std::unique_ptr<columns::IBatchReader> FetchFeatures(const std::shared_ptr<Vecto
 void TakeValue(const VectorSource& source, const OGRFeature& feature, std::size_t field,
                columns::ColumnBuffer& column, std::size_t row, columns::TextRoom& texts);
 
-/// Fails with 57 and GDAL's last error, if there was one since it was reset.
-void CheckReading(const VectorSource& source);
+/// Fails with 57 and the reason, if a failure was heard.
+void CheckReading(const VectorSource& source, const ErrorWatch& watch);
 
 }  // namespace brelmon::data

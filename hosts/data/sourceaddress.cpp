@@ -25,8 +25,30 @@ bool IsWindowsPath(const std::string& path) {
          path[1] == ':' && (path[2] == '/' || path[2] == '\\');
 }
 
+std::string Located(std::string path, const std::string& folder);
+
+/// `/vsizip/{archive}/inside`, the archive located: the shortest beginning of the path that is a
+/// file, where no braces tell.
+std::string InArchive(const std::string& path, const std::string& folder) {
+  const std::size_t close = path.find('}');
+  if (path[0] == '{' && close != std::string::npos) {
+    return "/vsizip/{" + Located(path.substr(1, close - 1), folder) + "}" + path.substr(close + 1);
+  }
+  for (std::size_t end = path.find('/', 1);; end = path.find('/', end + 1)) {
+    const std::string archive = Located(path.substr(0, end), folder);
+    const bool last = end == std::string::npos;
+    if (host::FileExists(archive) || last) {
+      return "/vsizip/{" + archive + "}" + (last ? "" : path.substr(end));
+    }
+  }
+}
+
 /// An absolute path of this system; what is no path stays.
 std::string Located(std::string path, const std::string& folder) {
+  constexpr std::string_view kArchive = "/vsizip/";
+  if (path.starts_with(kArchive) && path.size() > kArchive.size()) {
+    return InArchive(path.substr(kArchive.size()), folder);
+  }
   if (path.rfind("/vsi", 0) == 0) return path;
   if (IsWindowsPath(path)) return host::Paths().ToSystem(FromUtf8(path)).value_or(path);
   if (path.find("://") != std::string::npos) return path;

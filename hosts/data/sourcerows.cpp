@@ -32,14 +32,13 @@ std::vector<Text> KnownNames(const VectorSource& source) {
 /// A source with SQL of its own looks at a clause only when it is asked for rows.
 void TryReading(VectorSource& source, const Text& clause) {
   const VectorSource::Handle rows = source.Open();
-  CPLErrorReset();
-  CPLErrorHandlerPusher quiet(CPLQuietErrorHandler);
+  const ErrorWatch watch;
   if (rows->SetAttributeFilter(ToUtf8(clause).c_str()) == OGRERR_NONE) {
     rows->ResetReading();
     const OGRFeatureUniquePtr first(rows->GetNextFeature());
-    if (CPLGetLastErrorType() < CE_Failure) return;
+    if (watch.Failure().empty()) return;
   }
-  Refuse(CPLGetLastErrorMsg());
+  Refuse(watch.Failure());
 }
 
 /// Few rows of many are fetched one by one.
@@ -107,10 +106,11 @@ std::int64_t VectorSource::CountRows(const Text& clause) {
   if (columns::IsBlank(clause)) return TotalRows();
   if (!ownSql_) return IRowSource::CountRows(clause);
   const Handle rows = Open();
-  CPLErrorReset();
+  const ErrorWatch watch;
   rows->SetAttributeFilter(ToUtf8(clause).c_str());
   const std::int64_t count = rows->GetFeatureCount(TRUE);
-  if (count < 0 || CPLGetLastErrorType() >= CE_Failure) Refuse(CPLGetLastErrorMsg());
+  CheckReading(*this, watch);
+  if (count < 0) Refuse("its rows can't be counted");
   return count;
 }
 
@@ -133,7 +133,7 @@ RowIds VectorSource::IdsTouching(const Text& clause, const OGRGeometry& shape, b
   auto* handle = OGRGeometry::ToHandle(const_cast<OGRGeometry*>(&shape));
   const OGRPreparedGeometryUniquePtr prepared(OGRCreatePreparedGeometry(handle));
   RowIds ids;
-  CPLErrorReset();
+  const ErrorWatch watch;
   while (const OGRFeatureUniquePtr row{rows->GetNextFeature()}) {
     const OGRGeometry* own = row->GetGeometryRef();
     if (own == nullptr || own->IsEmpty()) continue;
@@ -147,7 +147,7 @@ RowIds VectorSource::IdsTouching(const Text& clause, const OGRGeometry& shape, b
     if (hit) ids.push_back(row->GetFID());
     if (hit && justOne) break;
   }
-  CheckReading(*this);
+  CheckReading(*this, watch);
   std::sort(ids.begin(), ids.end());
   return ids;
 }
@@ -162,10 +162,21 @@ bool VectorSource::HasDenseIds() {
   return dense_;
 }
 
+void VectorSource::CountOneByOne() {
+  std::int64_t read = 0;
+  total_ = -1;  // unknown until the last one was read
+  const auto all = ReadFeatures(shared_from_this(), {}, {});
+  while (const auto batch = all->Next()) read += static_cast<std::int64_t>(batch->Live.size());
+  total_ = read;
+}
+
 void VectorSource::CountAll() {
   const Handle rows = Open();
-  total_ = rows->GetFeatureCount(TRUE);
-  if (total_ < 0) host::Fail(failure::kDeviceIo, "The rows can't be counted: " + address_.path);
+  const ErrorWatch watch;
+  const std::int64_t total = rows->GetFeatureCount(TRUE);
+  CheckReading(*this, watch);
+  if (total < 0) return CountOneByOne();  // which tells the reason
+  total_ = total;
   if (!isShapefile_) return;
   // The count of a dBASE file takes in rows that are marked as deleted.
   const std::optional<columns::DbfRecords> records = columns::CountDbfRecords(DbfPath());
@@ -173,9 +184,7 @@ void VectorSource::CountAll() {
     dense_ = records->deleted == 0;
     total_ -= records->deleted;
   } else {
-    total_ = 0;
-    const auto all = ReadFeatures(shared_from_this(), {}, {});
-    while (const auto batch = all->Next()) total_ += static_cast<std::int64_t>(batch->Live.size());
+    CountOneByOne();
   }
 }
 
@@ -196,7 +205,9 @@ const std::shared_ptr<const columns::DbfSource>& VectorSource::PlainTable() {
                                                columns::TextRoom& texts) {
     const auto self = source.lock();
     if (!self) host::Fail(failure::kNoSuchObject);
+    const ErrorWatch watch;
     const OGRFeatureUniquePtr feature(self->Open()->GetFeature(record));
+    CheckReading(*self, watch);
     if (!feature) {
       host::Fail(failure::kDeviceIo, "A row can't be read: " + self->Address().path);
     }

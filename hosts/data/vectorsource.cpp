@@ -11,6 +11,7 @@
 #include "hosts/common/hostfailure.h"
 #include "hosts/common/paths.h"
 #include "hosts/data/codepages.h"
+#include "hosts/data/openpolicy.h"
 #include "hosts/data/sourcekind.h"
 
 namespace brelmon::data {
@@ -55,24 +56,9 @@ Storage StorageOf(OGRFieldType type) {
   }
 }
 
-CPLStringList OpenOptions(const SourceAddress& address, bool shapefile) {
-  CPLStringList options;
-  for (const std::string& option : address.openOptions) options.AddString(option.c_str());
-  if (shapefile && !address.encoding.empty()) {
-    options.SetNameValue("ENCODING", address.encoding.c_str());
-  }
-  return options;
-}
-
 bool IsShapefileName(const std::string& path) {
   const char* extension = CPLGetExtension(path.c_str());
   return EQUAL(extension, "shp") || EQUAL(extension, "dbf");
-}
-
-/// A shapefile without its table has no attributes at all.
-bool LacksTable(const std::string& path) {
-  if (!EQUAL(CPLGetExtension(path.c_str()), "shp") || path.rfind("/vsi", 0) == 0) return false;
-  return !host::FileExists(host::TrueCase(CPLResetExtension(path.c_str(), "dbf")));
 }
 
 }  // namespace
@@ -80,32 +66,29 @@ bool LacksTable(const std::string& path) {
 VectorSource::VectorSource(SourceAddress address)
     : address_(std::move(address)), problem_(address_.problem) {
   kind_ = KindOf(address_.path, "");
-  if (problem_.empty() && LacksTable(address_.path)) problem_ = "the .dbf file is missing";
   if (!problem_.empty()) return;
-  HandlePool::Handle opened = OpenDataset();
-  if (opened.second == nullptr) {
-    problem_ =
-        opened.first ? "there is no table \"" + address_.layer + "\" in it" : CPLGetLastErrorMsg();
-    if (problem_.empty()) problem_ = "it can't be opened";
-    return;
-  }
+  HandlePool::Handle opened = OpenDataset(problem_);
+  if (opened.second == nullptr) return;
   Describe(*opened.first, *opened.second);
   HandlePool::Instance().Give(this, std::move(opened));
 }
 
 VectorSource::~VectorSource() { HandlePool::Instance().Drop(this); }
 
-HandlePool::Handle VectorSource::OpenDataset() const {
-  CPLStringList drivers;
-  for (const std::string& driver : address_.drivers) drivers.AddString(driver.c_str());
-  CPLErrorReset();
-  GDALDatasetUniquePtr dataset(GDALDataset::Open(
-      address_.path.c_str(), GDAL_OF_VECTOR | GDAL_OF_READONLY | GDAL_OF_VERBOSE_ERROR,
-      drivers.empty() ? nullptr : drivers.List(),
-      OpenOptions(address_, IsShapefileName(address_.path)).List(), nullptr));
+HandlePool::Handle VectorSource::OpenDataset(std::string& problem) const {
+  SourceAddress address = address_;
+  if (IsShapefileName(address.path) && !address.encoding.empty()) {
+    address.openOptions.push_back("ENCODING=" + address.encoding);
+  }
+  GDALDatasetUniquePtr dataset = OpenData(address, Content::Rows, problem);
+  if (!dataset && problem == kTooManyFiles) {
+    HandlePool::Instance().DropAll();
+    dataset = OpenData(address, Content::Rows, problem);
+  }
   if (!dataset) return {};
-  OGRLayer* layer = address_.layer.empty() ? dataset->GetLayer(std::max(address_.layerNumber, 0))
-                                           : dataset->GetLayerByName(address_.layer.c_str());
+  OGRLayer* layer = address.layer.empty() ? dataset->GetLayer(std::max(address.layerNumber, 0))
+                                          : dataset->GetLayerByName(address.layer.c_str());
+  if (layer == nullptr) problem = "there is no table \"" + address.layer + "\" in it";
   return {std::move(dataset), layer};
 }
 
@@ -163,10 +146,11 @@ VectorSource::Handle VectorSource::Open() {
                "The data can't be reached: " + address_.path + ": " + problem_);
   }
   HandlePool::Handle opened = HandlePool::Instance().Take(this);
-  if (opened.second == nullptr) opened = OpenDataset();
+  std::string problem;
+  if (opened.second == nullptr) opened = OpenDataset(problem);
   if (opened.second == nullptr) {
-    host::Fail(failure::kFileNotFound, "The data can't be reached any more: " + address_.path +
-                                           ": " + CPLGetLastErrorMsg());
+    host::Fail(failure::kFileNotFound,
+               "The data can't be reached any more: " + address_.path + ": " + problem);
   }
   return {shared_from_this(), std::move(opened)};
 }

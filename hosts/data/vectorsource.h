@@ -78,10 +78,12 @@ class VectorSource : public columns::IRowSource, public std::enable_shared_from_
   columns::RowIds IdsTouching(const Text& clause, const OGRGeometry& shape, bool justOne);
 
  private:
-  HandlePool::Handle OpenDataset() const;
+  /// Without a layer where there is none, with the reason.
+  HandlePool::Handle OpenDataset(std::string& problem) const;
   void Describe(GDALDataset& dataset, OGRLayer& layer);
   void ReadFields(OGRLayer& layer);
   void CountAll();
+  void CountOneByOne();
   bool HasDenseIds();
   std::string DbfPath() const;
   /// The way to read a local dBASE table without GDAL; null where there is none.

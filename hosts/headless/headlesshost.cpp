@@ -3,14 +3,16 @@
 #include "hosts/headless/headlesshost.h"
 
 #include <cpl_error.h>
-#include <gdal.h>
 
 #include <iostream>
 
+#include "hosts/columns/unfinished.h"
 #include "hosts/common/filesystem.h"
+#include "hosts/common/processes.h"
 #include "hosts/common/registry.h"
 #include "hosts/common/shell.h"
 #include "hosts/common/systemlocale.h"
+#include "hosts/data/openpolicy.h"
 #include "hosts/headless/document.h"
 #include "hosts/headless/hostobjects.h"
 #include "hosts/headless/project.h"
@@ -22,7 +24,7 @@ namespace {
 class QuietGdal {
  public:
   QuietGdal() {
-    GDALAllRegister();
+    data::ConfineGdal();
     before_ = CPLSetErrorHandler(CPLQuietErrorHandler);
   }
   ~QuietGdal() { CPLSetErrorHandler(before_); }
@@ -36,7 +38,9 @@ class QuietGdal {
 }  // namespace
 
 struct HeadlessHost::Parts {
-  explicit Parts(const std::string& module) : project(ReadProject(FindMapDocument(module))) {}
+  explicit Parts(const std::string& module) : project(ReadProject(FindMapDocument(module))) {
+    columns::Unfinished::SetProcesses({host::OwnProcess, host::ProcessLives});
+  }
 
   Services Gathered() {
     Services set;

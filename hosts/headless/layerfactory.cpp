@@ -48,7 +48,7 @@ Ref<IObject> MakeLayer(const LayerDefinition& definition, const std::string& fol
   if (definition.type != "vector") {
     // A plain path with options behind bars.
     const auto address = data::AddressOf({"ogr", definition.data.dataSource, {}, {}}, folder);
-    return NewRasterLayer(FromUtf8(definition.name), definition.data.provider, address.path);
+    return NewRasterLayer(FromUtf8(definition.name), definition.data.provider, address);
   }
   TableSettings settings = SettingsOf(definition, folder);
   const bool layer =

@@ -15,6 +15,9 @@
 namespace brelmon::headless {
 namespace {
 
+/// Groups within groups; who nests deeper wants to see something break.
+constexpr int kDeepest = 200;
+
 [[noreturn]] void Refuse(const std::string& file, const std::string& reason) {
   throw std::runtime_error(file + ": " + reason);
 }
@@ -81,7 +84,10 @@ LayerDefinition ReadLayer(const pugi::xml_node& xml) {
   return layer;
 }
 
-TreeNode ReadNode(const pugi::xml_node& xml) {
+TreeNode ReadNode(const std::string& file, const pugi::xml_node& xml, int depth = 0) {
+  if (depth > kDeepest) {
+    Refuse(file, "its groups are nested more than " + std::to_string(kDeepest) + " deep");
+  }
   TreeNode node;
   node.name = xml.attribute("name").as_string();
   node.layerId = xml.attribute("id").as_string();
@@ -91,7 +97,7 @@ TreeNode ReadNode(const pugi::xml_node& xml) {
   for (const pugi::xml_node& child : xml.children()) {
     const std::string tag = child.name();
     if (tag == "layer-tree-group" || tag == "layer-tree-layer") {
-      node.children.push_back(ReadNode(child));
+      node.children.push_back(ReadNode(file, child, depth + 1));
     }
   }
   return node;
@@ -138,7 +144,7 @@ Project ReadProject(const std::string& file) {
   Project project;
   project.file = file;
   project.folder = FolderOf(file);
-  project.root = ReadNode(root.child("layer-tree-group"));
+  project.root = ReadNode(file, root.child("layer-tree-group"));
   for (const char* section : {"projectlayers", "maplayers"}) {
     for (const pugi::xml_node& layer : root.child(section).children("maplayer")) {
       LayerDefinition& read = project.layers[layer.child_value("id")] = ReadLayer(layer);

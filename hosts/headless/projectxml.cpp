@@ -6,6 +6,7 @@
 #include <cpl_vsi.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <memory>
 #include <pugixml.hpp>
 #include <stdexcept>
@@ -36,6 +37,8 @@ std::string ReadablePath(const std::string& file) {
 }
 
 std::string ReadWhole(const std::string& file) {
+  std::error_code error;
+  if (!std::filesystem::is_regular_file(file, error)) Refuse(file, "it is no regular file");
   GByte* data = nullptr;
   vsi_l_offset size = 0;
   if (VSIIngestFile(nullptr, ReadablePath(file).c_str(), &data, &size, kLargestFile) == 0) {

@@ -2,9 +2,10 @@
 // Layers with a name and nothing to ask.
 #include "hosts/headless/rasterlayer.h"
 
-#include <gdal_priv.h>
-
 #include <optional>
+
+#include "hosts/data/openpolicy.h"
+#include "hosts/headless/problem.h"
 
 namespace brelmon::headless {
 namespace {
@@ -19,29 +20,31 @@ class GroupLayer : public ILayer, public IGroupLayer {
   Text name_;
 };
 
-class RasterLayer : public ILayer {
+/// Opened when somebody asks for the first time.
+class RasterLayer : public ILayer, public IProblem {
  public:
-  RasterLayer(Text name, std::string provider, std::string source)
+  RasterLayer(Text name, std::string provider, data::SourceAddress source)
       : name_(std::move(name)), provider_(std::move(provider)), source_(std::move(source)) {}
   Text Name() override { return name_; }
-  bool Valid() override {
-    if (!valid_) valid_ = provider_ != "gdal" || Opens();
-    return *valid_;
+  bool Valid() override { return Problem().empty(); }
+  std::string Problem() override {
+    if (!problem_) {
+      problem_.emplace();
+      if (provider_ == "gdal") data::OpenData(source_, data::Content::Pixels, *problem_);
+    }
+    return *problem_;
   }
 
  private:
-  bool Opens() const {
-    return GDALDatasetUniquePtr(
-               GDALDataset::Open(source_.c_str(), GDAL_OF_RASTER | GDAL_OF_READONLY)) != nullptr;
-  }
   Text name_;
-  std::string provider_, source_;
-  std::optional<bool> valid_;
+  std::string provider_;
+  data::SourceAddress source_;
+  std::optional<std::string> problem_;
 };
 
 }  // namespace
 
-Ref<ILayer> NewRasterLayer(Text name, std::string provider, std::string source) {
+Ref<ILayer> NewRasterLayer(Text name, std::string provider, data::SourceAddress source) {
   return New<RasterLayer>(std::move(name), std::move(provider), std::move(source));
 }
 

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "hosts/data/sourceaddress.h"
 #include "platform/map.h"
 
 namespace brelmon::headless {
@@ -12,7 +13,7 @@ namespace brelmon::headless {
 class IGroupLayer : public virtual IObject {};
 
 /// Valid if GDAL can open the file; data from the net is taken as it is.
-Ref<ILayer> NewRasterLayer(Text name, std::string provider, std::string source);
+Ref<ILayer> NewRasterLayer(Text name, std::string provider, data::SourceAddress source);
 Ref<ILayer> NewGroupLayer(Text name);
 
 }  // namespace brelmon::headless

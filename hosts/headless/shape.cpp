@@ -5,6 +5,7 @@
 #include <stdexcept>
 
 #include "hosts/common/hostfailure.h"
+#include "hosts/data/openpolicy.h"
 
 namespace brelmon::headless {
 namespace {
@@ -31,10 +32,7 @@ GeometryPtr Shape::In(const OGRSpatialReference* target) const {
 
 std::shared_ptr<const OGRSpatialReference> ReferenceSystemOf(const std::string& definition) {
   if (definition.empty()) return nullptr;
-  auto system = std::make_shared<OGRSpatialReference>();
-  if (system->SetFromUserInput(definition.c_str()) != OGRERR_NONE) return nullptr;
-  system->SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
-  return system;
+  return data::ReferenceSystemIn(definition);
 }
 
 OGREnvelope Transformed(const OGREnvelope& extent, const OGRSpatialReference* from,

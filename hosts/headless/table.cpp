@@ -10,6 +10,7 @@
 #include "hosts/common/folderworkspace.h"
 #include "hosts/common/hostfailure.h"
 #include "hosts/headless/fieldobjects.h"
+#include "hosts/headless/problem.h"
 #include "hosts/headless/shape.h"
 #include "hosts/headless/tableselection.h"
 #include "platform/workspace.h"
@@ -23,6 +24,7 @@ std::int32_t Count32(std::int64_t count) {
 }
 
 class Table : public IHostTable,
+              public IProblem,
               public ITable,
               public ITableSelection,
               public ITableFields,
@@ -41,6 +43,10 @@ class Table : public IHostTable,
     return settings_.source ? settings_.source->ReferenceSystem() : nullptr;
   }
   void SetGone(bool gone) override { gone_ = gone; }
+  std::string Problem() override {
+    if (gone_) return "it is no longer part of the map";
+    return settings_.source ? settings_.source->Problem() : "it has no data";
+  }
 
   // Rows.
   Ref<ICursor> Search(const Ref<IQueryFilter>& filter, bool recycling) override {

@@ -11,6 +11,7 @@
 #include <pugixml.hpp>
 
 #include "hosts/common/paths.h"
+#include "hosts/data/openpolicy.h"
 
 namespace brelmon::publish {
 namespace {
@@ -51,12 +52,6 @@ void ReplaceAll(std::string& text, const std::string& from, const std::string& t
   }
 }
 
-CPLStringList ListOf(const std::vector<std::string>& texts) {
-  CPLStringList list;
-  for (const std::string& text : texts) list.AddString(text.c_str());
-  return list;
-}
-
 /// Follows what data refer to, as far as GDAL tells.
 class References {
  public:
@@ -79,10 +74,9 @@ class References {
  private:
   /// Absolute.
   static std::vector<std::string> FilesOf(const data::SourceAddress& address) {
-    const CPLStringList drivers = ListOf(address.drivers), options = ListOf(address.openOptions);
-    const GDALDatasetUniquePtr dataset(
-        GDALDataset::Open(address.path.c_str(), GDAL_OF_VECTOR | GDAL_OF_RASTER | GDAL_OF_READONLY,
-                          drivers.empty() ? nullptr : drivers.List(), options.List(), nullptr));
+    std::string problem;
+    GDALDatasetUniquePtr dataset = data::OpenData(address, data::Content::Rows, problem);
+    if (!dataset) dataset = data::OpenData(address, data::Content::Pixels, problem);
     if (!dataset) return {};
     // A virtual layer opens its source when it is first asked for something.
     for (int i = 0; i < dataset->GetLayerCount(); ++i) dataset->GetLayer(i)->GetLayerDefn();

@@ -14,6 +14,8 @@
 #include <stdexcept>
 #include <vector>
 
+#include "hosts/data/openpolicy.h"
+
 namespace brelmon::publish {
 namespace {
 
@@ -207,8 +209,10 @@ std::array<double, 4> WritePicture(const std::string& raster, RasterStyle style,
                                    const OGRSpatialReference* from, const OGRSpatialReference* to,
                                    const std::string& file) {
   CPLErrorReset();
-  const GDALDatasetUniquePtr opened(
-      GDALDataset::Open(raster.c_str(), GDAL_OF_RASTER | GDAL_OF_READONLY));
+  data::SourceAddress address;
+  address.path = raster;
+  std::string problem;
+  const GDALDatasetUniquePtr opened = data::OpenData(address, data::Content::Pixels, problem);
   if (!opened) Refuse("it can't be opened");
   Complete(style, *opened);
   std::vector<int> bands = style.Bands();

@@ -34,6 +34,10 @@ class ICheckHost {
   /// Files and folders in a folder, as they are spelt on the disk; none where it can't be read.
   virtual std::vector<Text> NamesIn(const Text& folder) = 0;
   virtual QueryWords WordsOf(const Text& query) = 0;
+  /// Why a layer's or table's data isn't opened; empty where nothing is known of it.
+  virtual Text ProblemOf(const Ref<IObject>& item) = 0;
+  /// Why neither file nor address is handed to its default program; empty where it would be.
+  virtual Text RefusalToOpen(const Text& location) = 0;
 };
 
 }  // namespace brelmon

@@ -15,6 +15,9 @@
 namespace brelmon {
 namespace {
 
+/// A host's word for data that are simply not there.
+const Text kNoFile = u"there is no such file";
+
 /// Numbers that authors of data write for "not measured".
 constexpr std::array<double, 12> kNoDataCodes = {-9999,  -99999, -999, -99,   -99.9, -999.9,
                                                  -99.99, -32768, 9999, 99999, 999.9, 999};
@@ -88,7 +91,7 @@ class DocumentCheck {
       layers->Reset();
       while (const auto layer = layers->Next()) {
         if (!layer->Valid()) {
-          Gone(u"layer", layer->Name());
+          Gone(u"layer", layer->Name(), layer);
         } else if (layer.Offers<IFeatureLayer>()) {
           Values(layer->Name(), layer, true);
         }
@@ -98,16 +101,19 @@ class DocumentCheck {
     for (std::int32_t index = 0; index < tables->StandaloneTableCount(); ++index) {
       const auto table = tables->StandaloneTable(index);
       if (!table->Valid()) {
-        Gone(u"table", table->Name());
+        Gone(u"table", table->Name(), table);
       } else {
         Values(table->Name(), table, false);
       }
     }
   }
 
-  void Gone(const Text& kind, const Text& item) {
+  void Gone(const Text& kind, const Text& item, const Ref<IObject>& object) {
     if (gone_.count(item) != 0) return;
-    Add(item, Severity::Fails, u"the data of the " + kind + u" \"" + item + u"\" is gone",
+    const Text reason = module_.Host ? module_.Host->ProblemOf(object) : Text();
+    Add(item, Severity::Fails,
+        u"the data of the " + kind + u" \"" + item + u"\" is " +
+            (reason.empty() || reason == kNoFile ? Text(u"gone") : u"not opened: " + reason),
         u"the tools leave it out or refuse it",
         u"put the data back, mend the " + kind + u"'s filter, or remove it");
   }

@@ -76,6 +76,14 @@ PathVerdict FileReport::Judge(const Text& path) const {
   return JudgePath(module_, {directory_, directory_}, path);
 }
 
+bool FileReport::Refused(std::int32_t line, const Text& location) {
+  const Text reason = module_.Host ? module_.Host->RefusalToOpen(location) : Text();
+  if (reason.empty()) return false;
+  Add(line, Severity::Fails, reason, u"the media viewer stops with an error",
+      u"take the item out, or bring what it shows as a picture, a film, a document or a page");
+  return true;
+}
+
 bool FileReport::IsFile(const Text& path) const { return ExistFileDir(directory_ + path); }
 
 bool FileReport::Path(std::int32_t line, const Text& written, const Text& then,

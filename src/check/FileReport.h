@@ -29,6 +29,9 @@ class FileReport {
   /// `line` is the tools' own count.
   void Add(std::int32_t line, Severity grade, Text wrong, Text then, Text mended);
 
+  /// How many there are so far.
+  std::size_t Findings() const { return findings_.size(); }
+
   /// Encoding and line ends of the file as a whole. False where the tools find nothing in it to
   /// look at. `firstLineMatters`: a byte-order mark spoils the first line.
   bool Form(bool firstLineMatters);
@@ -45,6 +48,8 @@ class FileReport {
   /// there, `remake` makes the line with another path. False where it can't be opened.
   bool Path(std::int32_t line, const Text& written, const Text& then,
             const std::function<Text(const Text& path)>& remake);
+  /// Tells of a file or address that isn't handed to its default program; false where it is.
+  bool Refused(std::int32_t line, const Text& location);
 
  private:
   const CheckedModule& module_;

@@ -201,7 +201,9 @@ class MediaListCheck {
       return false;
     }
     if (item.Code == kWebsiteCode && !IsShortcutFile(item.Written)) {
+      const std::size_t before = report_.Findings();
       CheckAddress(item, report_);
+      if (report_.Findings() == before) report_.Refused(item.Line, item.Location);
       return false;
     }
     if (item.Written.find(u"://") != Text::npos && FindNoCase(item.Written, u"file:") != 0) {
@@ -249,7 +251,11 @@ class MediaListCheck {
                   u"the tools can't tell folder and file apart and open nothing",
                   u"rename it and write: " + remake(other));
     }
-    if (IsShortcutFile(item.Written)) CheckShortcut(item, report_);
+    if (IsShortcutFile(item.Written)) {
+      CheckShortcut(item, report_);
+    } else {
+      report_.Refused(item.Line, item.Location);
+    }
   }
 
   const Text& directory_;

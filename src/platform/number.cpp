@@ -29,8 +29,9 @@ class Numeral {
   Outcome Read(double& value) {
     SkipBlanks();
     Sign(false);
-    const bool mantissa = IntegerPart() | Fraction();
-    if (!mantissa || !Exponent()) return Outcome::NoNumber;
+    const bool whole = IntegerPart();
+    const bool fraction = Fraction();  // also behind a whole part
+    if (!(whole || fraction) || !Exponent()) return Outcome::NoNumber;
     SkipBlanks();
     if (!rest_.empty()) return Outcome::NoNumber;
     const auto done = std::from_chars(plain_.data(), plain_.data() + plain_.size(), value);

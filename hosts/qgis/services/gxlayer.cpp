@@ -10,9 +10,11 @@
 
 #include <QDomDocument>
 #include <QFile>
+#include <filesystem>
 
 #include "hosts/common/hostfailure.h"
 #include "hosts/common/paths.h"
+#include "hosts/data/openpolicy.h"
 #include "hosts/qgis/data/layerobject.h"
 #include "hosts/qgis/qgishost.h"
 
@@ -40,6 +42,27 @@ void Rename(QDomElement layer) {
   if (!text.isNull()) text.setNodeValue(QgsMapLayer::generateId(name));
 }
 
+/// A layer file's data are of the kinds that are opened without a screen, too; what comes from a
+/// provider of QGIS's own is QGIS's.
+void RefuseWhatIsNotOpened(const QDomElement& layer, const Text& path) {
+  const auto text = [&](const char* tag) {
+    return layer.firstChildElement(QString::fromLatin1(tag)).text().toStdString();
+  };
+  const std::string provider = text("provider");
+  const bool pixels = provider == "gdal";
+  if (!pixels && provider != "ogr" && provider != "delimitedtext" && provider != "spatialite") {
+    return;
+  }
+  const std::filesystem::path file = host::Paths().ToSystem(path).value();
+  data::SourceAddress address = data::AddressOf(
+      {pixels ? "ogr" : provider, text("datasource"), text("subset"), {}}, file.parent_path());
+  address.problem.clear();  // what QGIS may know better
+  const std::string refusal =
+      data::RefusalOf(address, pixels ? data::Content::Pixels : data::Content::Rows);
+  if (refusal.empty()) return;
+  Raise(failure::kRefused, u"The data of '" + path + u"' are not opened: " + FromUtf8(refusal), 0);
+}
+
 std::unique_ptr<QgsMapLayer> LoadOne(const Text& path) {
   QDomDocument document = Read(path);
   const QDomNodeList layers = document.elementsByTagName(QStringLiteral("maplayer"));
@@ -50,6 +73,7 @@ std::unique_ptr<QgsMapLayer> LoadOne(const Text& path) {
             (layers.isEmpty() ? Text(u"' holds no layer.")
                               : Text(u"' holds several layers: a layer file is to hold one.")));
   }
+  RefuseWhatIsNotOpened(layers.at(0).toElement(), path);
   Rename(layers.at(0).toElement());
   QgsReadWriteContext context;
   context.setPathResolver(
