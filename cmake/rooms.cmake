@@ -30,6 +30,10 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
   # Embedded pictures are literals.
   target_compile_options(brelmon_options INTERFACE -Wno-overlength-strings)
 endif()
+if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+  # Embedded files are long literals.
+  target_compile_options(brelmon_options INTERFACE -Wno-overlength-strings)
+endif()
 target_include_directories(brelmon_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
 if(BRELMON_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)

@@ -10,6 +10,8 @@ export CCACHE_BASEDIR=$top CCACHE_NOHASHDIR=1
 build_packages=(cmake ninja-build g++ pkg-config libicu-dev libgdal-dev libsqlite3-dev
   libpugixml-dev libreadline-dev libcli11-dev nlohmann-json3-dev)
 qgis_packages=(qgis qgis-providers libqgis-dev qtbase5-dev libqt5svg5-dev)
+web_packages=(rapidjson-dev python3)
+browser_packages=(chromium firefox-esr)
 test_packages=(libgtest-dev python3 xvfb xauth xdotool openbox imagemagick x11-utils)
 
 # install_missing PACKAGE...: as root or through sudo; says what is missing otherwise.
