@@ -125,8 +125,13 @@ class Reader {
 
  private:
   static constexpr int kDeepest = 200;
+  static constexpr int kMostTokens =
+      8000;  // a chain of operators makes a tree as deep as it is long
 
-  void Step() { now_ = words_.Next(); }
+  void Step() {
+    if (++steps_ > kMostTokens) throw CantRead();
+    now_ = words_.Next();
+  }
   bool IsMark(char mark) const { return now_.kind == Token::Kind::Mark && now_.text[0] == mark; }
   bool IsWord(std::string_view word) const {
     return now_.kind == Token::Kind::Word && now_.text == word;
@@ -162,19 +167,29 @@ class Reader {
   }
   Node Not() {
     if (++depth_ > kDeepest) throw CantRead();
-    Node node = TakeWord("NOT") ? New(Kind::Not, Not()) : Comparison();
+    const bool negated = TakeWord("NOT");
+    Node node = negated ? New(Kind::Not, Not()) : Comparison();
+    // "NOT a NOT IN (1)" is "(NOT a) NOT IN (1)", which nobody means.
+    if (negated && notInside_) throw CantRead();
     --depth_;
     return node;
   }
 
   Node Comparison() {
     Node left = Sum();
+    notInside_ = false;
     if (TakeWord("IS")) {
       const bool negated = TakeWord("NOT");
       NeedWord("NULL");
       return Negated(New(Kind::IsNull, std::move(left)), negated);
     }
     const bool negated = TakeWord("NOT");
+    Node test = Test(left, negated);
+    notInside_ = negated;
+    return test;
+  }
+  /// What may stand behind a NOT of its own; a comparison else.
+  Node Test(Node& left, bool negated) {
     if (TakeWord("LIKE")) return Negated(Pattern(Kind::Like, std::move(left)), negated);
     if (TakeWord("ILIKE")) return Negated(Pattern(Kind::ILike, std::move(left)), negated);
     if (TakeWord("IN")) return Negated(List(std::move(left)), negated);
@@ -321,6 +336,8 @@ class Reader {
   Words words_;
   Token now_;
   int depth_ = 0;
+  int steps_ = 0;
+  bool notInside_ = false;  // the last test had a NOT between its parts
 };
 
 }  // namespace

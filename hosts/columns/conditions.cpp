@@ -19,21 +19,27 @@ class AndCondition : public Condition {
  public:
   AndCondition(ConditionPtr one, ConditionPtr other, bool both)
       : one_(std::move(one)), other_(std::move(other)), both_(both) {}
-  /// Both are looked at for each row: what breaks one of them breaks both.
+  /// What breaks one of them breaks both; where the second can't, it is asked for those rows alone
+  /// that the first leaves open.
   void Decide(const Batch& batch, const RowList& rows, Answers& answers) const override {
     one_->Decide(batch, rows, answers);
-    Answers second(rows.size());
-    other_->Decide(batch, rows, second);
-    for (std::size_t i = 0; i < rows.size(); ++i) {
-      const bool broken = answers[i] == Answer::Broken || second[i] == Answer::Broken;
-      const Answer undecided = Of(both_);
-      if (broken) {
-        answers[i] = Answer::Broken;
-      } else if (answers[i] == undecided) {
-        answers[i] = second[i];
+    const bool all = other_->MayBreak();
+    RowList open, places;
+    for (std::size_t i = 0; i < rows.size() && !all; ++i) {
+      if (answers[i] != Of(both_)) continue;
+      open.push_back(rows[i]);
+      places.push_back(static_cast<std::uint32_t>(i));
+    }
+    Answers second(all ? rows.size() : open.size());
+    other_->Decide(batch, all ? rows : open, second);
+    for (std::size_t i = 0; i < second.size(); ++i) {
+      Answer& answer = answers[all ? i : places[i]];
+      if (answer == Of(both_) || second[i] == Answer::Broken) {
+        answer = answer == Answer::Broken ? answer : second[i];
       }
     }
   }
+  bool MayBreak() const override { return one_->MayBreak() || other_->MayBreak(); }
 
  private:
   ConditionPtr one_, other_;
@@ -49,6 +55,7 @@ class NotCondition : public Condition {
       if (answer != Answer::Broken) answer = Of(answer == Answer::False);
     }
   }
+  bool MayBreak() const override { return of_->MayBreak(); }
 
  private:
   ConditionPtr of_;
@@ -80,6 +87,7 @@ class ValueCondition : public Condition {
       answers[i] = column.IsNull(row) ? ofNull_ : Of(test_(values[row]));
     }
   }
+  bool MayBreak() const override { return ofNull_ == Answer::Broken; }
 
  private:
   std::size_t field_;
@@ -211,6 +219,14 @@ class Compiler {
       if (node.parts[2]->text.size() != 1) return nullptr;
       escape = node.parts[2]->text[0];
     }
+    if (escape == 0 && pattern.size() > 1 && pattern.find_first_of("%_") == pattern.size() - 1 &&
+        pattern.back() == '%') {
+      const std::string start = pattern.substr(0, pattern.size() - 1);
+      return OfTexts(IndexOf(field), [=](std::string_view value) {
+        return value.size() >= start.size() &&
+               AreSame(value.substr(0, start.size()), start, anyCase);
+      });
+    }
     return OfTexts(IndexOf(field),
                    [=](std::string_view value) { return IsLike(value, pattern, escape, anyCase); });
   }
@@ -230,7 +246,7 @@ class Compiler {
     }
     return OfTexts(IndexOf(field), [values](std::string_view value) {
       return std::any_of(values.begin(), values.end(),
-                         [&](const std::string& each) { return CompareTexts(value, each) == 0; });
+                         [&](const std::string& each) { return AreSame(value, each, true); });
     });
   }
 

@@ -18,6 +18,8 @@ class Condition {
   /// One answer for each of `rows`, which are rows of the batch.
   virtual void Decide(const Batch& batch, const std::vector<std::uint32_t>& rows,
                       Answers& answers) const = 0;
+  /// Whether an answer may be `Broken`.
+  virtual bool MayBreak() const { return false; }
 };
 using ConditionPtr = std::unique_ptr<Condition>;
 
@@ -28,6 +30,7 @@ ConditionPtr CompileCondition(const ClauseNode& node, const std::vector<Field>& 
 
 /// Both compare bytes, ASCII letters without regard to case; below, at or above 0.
 int CompareTexts(std::string_view one, std::string_view other);
+bool AreSame(std::string_view one, std::string_view other, bool anyCase);
 /// `%` stands for any bytes, `_` for one byte; `escape`, unless 0, makes what follows plain.
 bool IsLike(std::string_view text, std::string_view pattern, char escape, bool anyCase);
 

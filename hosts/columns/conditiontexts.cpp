@@ -44,25 +44,40 @@ int CompareTexts(std::string_view one, std::string_view other) {
   return one.size() < other.size() ? -1 : one.size() > other.size() ? 1 : 0;
 }
 
-bool IsLike(std::string_view text, std::string_view pattern, char escape, bool anyCase) {
-  while (!text.empty()) {
-    if (pattern.empty()) return false;
-    if (escape != 0 && pattern[0] == escape) {
-      pattern.remove_prefix(1);
-      if (pattern.empty() || pattern[0] != text[0]) return false;
-    } else if (pattern[0] == '%') {
-      if (pattern.size() == 1) return true;
-      for (; !text.empty(); text.remove_prefix(1)) {
-        if (IsLike(text, pattern.substr(1), escape, anyCase)) return true;
-      }
-      return false;
-    } else if (pattern[0] != '_' && !Same(pattern[0], text[0], anyCase)) {
-      return false;
-    }
-    pattern.remove_prefix(1);
-    text.remove_prefix(1);
+bool AreSame(std::string_view one, std::string_view other, bool anyCase) {
+  if (one.size() != other.size()) return false;
+  if (!anyCase) return one == other;
+  for (std::size_t i = 0; i < one.size(); ++i) {
+    if (one[i] != other[i] && Lower(one[i]) != Lower(other[i])) return false;
   }
-  return pattern.empty() || pattern == "%";
+  return true;
+}
+
+/// Goes back to the last % only, since an earlier one would leave less of the text. A % that isn't
+/// the pattern's last needs a byte of the text to stand before.
+bool IsLike(std::string_view text, std::string_view pattern, char escape, bool anyCase) {
+  constexpr std::size_t kNone = std::string_view::npos;
+  std::size_t i = 0, p = 0, behindAny = kNone, mark = 0;
+  while (i < text.size()) {
+    const char c = p < pattern.size() ? pattern[p] : 0;
+    const bool escaped = escape != 0 && c == escape;
+    if (p < pattern.size() && c == '%' && !escaped) {
+      if (++p == pattern.size()) return true;
+      behindAny = p;
+      mark = i;
+      continue;
+    }
+    const std::size_t at = p + (escaped ? 1 : 0);
+    if (at < pattern.size() && ((c == '_' && !escaped) || Same(pattern[at], text[i], anyCase))) {
+      p = at + 1;
+      ++i;
+      continue;
+    }
+    if (behindAny == kNone || ++mark == text.size()) return false;
+    i = mark;
+    p = behindAny;
+  }
+  return p == pattern.size() || pattern.substr(p) == "%";
 }
 
 bool ReadMoment(std::string_view text, Moment& moment) {

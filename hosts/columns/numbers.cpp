@@ -216,6 +216,73 @@ class NumberCondition : public Condition {
   NumberPtr one_, other_;
 };
 
+/// A field against one number of its own kind.
+template <class Value, class Values>
+class FieldAgainst : public Condition {
+ public:
+  FieldAgainst(Kind kind, std::size_t field, Values values, Value value, bool turned)
+      : kind_(kind), field_(field), values_(values), value_(value), turned_(turned) {}
+  void Decide(const Batch& batch, const RowList& rows, Answers& answers) const override {
+    const Value value = value_;
+    switch (kind_) {
+      case Kind::Equal:
+        return Test(batch, rows, answers, [=](Value each) { return each == value; });
+      case Kind::NotEqual:
+        return Test(batch, rows, answers, [=](Value each) { return each != value; });
+      case Kind::Less:
+        if (turned_) return Test(batch, rows, answers, [=](Value each) { return value < each; });
+        return Test(batch, rows, answers, [=](Value each) { return each < value; });
+      default:
+        if (turned_) return Test(batch, rows, answers, [=](Value each) { return value <= each; });
+        return Test(batch, rows, answers, [=](Value each) { return each <= value; });
+    }
+  }
+
+ private:
+  template <class Holds>
+  void Test(const Batch& batch, const RowList& rows, Answers& answers, Holds holds) const {
+    const Column& column = batch.Columns[field_];
+    const Value* values = (column.*values_).data();
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+      answers[i] = static_cast<Answer>(holds(values[rows[i]]));
+    }
+    if (column.Nulls.empty()) return;
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+      if (column.Nulls[rows[i]] != 0) answers[i] = Answer::False;
+    }
+  }
+  Kind kind_;
+  std::size_t field_;
+  Values values_;
+  Value value_;
+  bool turned_;
+};
+
+/// Null where it isn't that simple.
+ConditionPtr OneAgainstConstant(const ClauseNode& node, const std::vector<Field>& fields,
+                                std::vector<std::size_t>& tested) {
+  const bool turned = node.parts[1]->kind == Kind::Name;
+  const ClauseNode& name = *node.parts[turned ? 1 : 0];
+  const ClauseNode& value = *node.parts[turned ? 0 : 1];
+  const bool constant = value.kind == Kind::Whole || value.kind == Kind::Real;
+  const std::int32_t found =
+      name.kind == Kind::Name && constant ? FindField(fields, FromUtf8(name.text)) : -1;
+  if (found < 0) return nullptr;
+  const auto index = static_cast<std::size_t>(found);
+  const Field& field = fields[index];
+  if (field.Logical) return nullptr;
+  if (field.Stored == Storage::Real) {
+    const double real = value.kind == Kind::Real ? value.real : static_cast<double>(value.whole);
+    tested.push_back(index);
+    return std::make_unique<FieldAgainst<double, decltype(&Column::Reals)>>(
+        node.kind, index, &Column::Reals, real, turned);
+  }
+  if (field.Stored != Storage::Whole || value.kind != Kind::Whole) return nullptr;
+  tested.push_back(index);
+  return std::make_unique<FieldAgainst<std::int64_t, decltype(&Column::Wholes)>>(
+      node.kind, index, &Column::Wholes, value.whole, turned);
+}
+
 /// In a list, or within two bounds.
 class AmongNumbers : public Condition {
  public:
@@ -251,6 +318,7 @@ class AmongNumbers : public Condition {
 
 ConditionPtr CompareNumbers(const ClauseNode& node, const std::vector<Field>& fields,
                             std::vector<std::size_t>& tested) {
+  if (auto simple = OneAgainstConstant(node, fields, tested)) return simple;
   NumberPtr one = NumberOf(*node.parts[0], fields, tested);
   NumberPtr other = one ? NumberOf(*node.parts[1], fields, tested) : nullptr;
   if (!other) return nullptr;

@@ -41,6 +41,9 @@ constexpr auto kFunctions = std::to_array<TextView>(
      u"trunc",    u"typeof",       u"unicode",    u"unixepoch",  u"upper",
      u"exp",      u"st_area",      u"st_length",  u"st_isempty", u"st_geometrytype"});
 
+/// In 16-bit units. A chain of operators nests as deep as it is long, in any source.
+constexpr std::size_t kLongest = 200'000;
+
 enum class Kind { End, Word, QuotedName, String, Number, Open, Close, Dot, Semicolon, Other };
 
 struct Token {
@@ -166,10 +169,19 @@ std::string FaultOf(const Token& token, const Token& next) {
                      (token.kind == Kind::QuotedName || !IsKeyword(token.text)) &&
                      !EqualNoCase(token.text, u"select") && !EqualNoCase(token.text, u"where") &&
                      !EqualNoCase(token.text, u"on");
-  if (calls && !IsAmong(kFunctions, token.text)) {
+  // An operator that is quoted to be called as a function ends some sources' process.
+  const bool operation = token.kind == Kind::QuotedName && IsKeyword(token.text);
+  if (calls && (operation || !IsAmong(kFunctions, token.text))) {
     return "the function " + ToUtf8(token.text) + " is none that a query may call";
   }
   return {};
+}
+
+/// A comparison with such a cast ends the process in GDAL 3.6.
+bool CastsToTruth(const Token& token, const Token& next) {
+  const bool type = next.kind == Kind::Word || next.kind == Kind::QuotedName;
+  return type && token.kind == Kind::Word && EqualNoCase(token.text, u"as") &&
+         EqualNoCase(next.text, u"boolean");
 }
 
 /// Whether the token before says that a word names a type or an order, not a field.
@@ -214,6 +226,10 @@ class Nesting {
 
 ClauseNames NamesIn(TextView clause) {
   ClauseNames names;
+  if (clause.size() > kLongest) {
+    names.fault = "it is longer than " + std::to_string(kLongest) + " characters";
+    return names;
+  }
   const std::vector<Token> tokens = Tokens(clause, names.fault);
   Nesting nesting;
   for (std::size_t i = 0; i + 1 < tokens.size(); ++i) {
@@ -221,6 +237,7 @@ ClauseNames NamesIn(TextView clause) {
     const Token& next = tokens[i + 1];
     nesting.Take(token, next);
     if (token.kind == Kind::Semicolon) names.fault = "it holds more than one statement";
+    if (CastsToTruth(token, next)) names.fault = "no value can be cast to boolean";
     if (names.fault.empty() && !nesting.InSelect()) names.fault = FaultOf(token, next);
     // A nested SELECT may order and limit; what it calls is looked at all the same.
     if (names.fault.empty() && next.kind == Kind::Open) names.fault = FaultOf(token, next);

@@ -7,6 +7,7 @@
 #include <cmath>
 #include <stdexcept>
 
+#include "hosts/data/errorwatch.h"
 #include "hosts/data/ogrreader.h"
 
 namespace brelmon::publish {
@@ -86,10 +87,10 @@ ShapeReader::ShapeReader(const std::shared_ptr<data::VectorSource>& source,
 OGRGeometry* ShapeReader::ShapeOf(std::int64_t row) {
   shape_.reset();
   if (!rows_) return nullptr;
-  CPLErrorReset();
+  const data::ErrorWatch watch;
   OGRFeatureUniquePtr feature((*rows_)->GetNextFeature());
   if (!feature || feature->GetFID() != row) feature.reset((*rows_)->GetFeature(row));
-  if (!feature) data::CheckReading(*source_);
+  if (!feature) data::CheckReading(*source_, watch);
   if (!feature || feature->GetGeometryRef() == nullptr || feature->GetGeometryRef()->IsEmpty()) {
     return nullptr;
   }

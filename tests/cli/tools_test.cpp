@@ -67,7 +67,7 @@ TEST(QuickLoad, ShortcutsAreListedAndTaken) {
   EXPECT_TRUE(Contains(list.out, "query          2       4  Quakes felt at many stations\n"));
   EXPECT_EQ(Brelmon({Earth(), "quickload", "query", "2"}).out, "\"STATIONS\" >= 100\n");
   const auto moved = Brelmon({Earth()}, "quickload frame 2\nquickload layer 1\ncontents\n").out;
-  EXPECT_TRUE(Contains(moved, "focus  data frame     Weather and storms")) << moved;
+  EXPECT_TRUE(Contains(moved, "focus,picked  data frame     Weather and storms")) << moved;
   EXPECT_TRUE(Contains(moved, "\"MAG\" >= 5.5\n"));
   EXPECT_EQ(Brelmon({Earth(), "quickload", "bookmark", "44"}).status, 1);
 }

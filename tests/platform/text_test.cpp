@@ -92,10 +92,12 @@ TEST(CodePage, PutsAQuestionMarkForTheRest) {
 }
 
 TEST(Guids, ReadAndWriteTheirTexts) {
-  EXPECT_EQ(ToUtf8(ToText(kIID_IServiceSink)), "{5B1E9A42-7C3D-4F16-9A28-E140B7630CD5}");
+  constexpr Guid kSome{
+      0x5B1E9A42, 0x7C3D, 0x4F16, {0x9A, 0x28, 0xE1, 0x40, 0xB7, 0x63, 0x0C, 0xD5}};
+  EXPECT_EQ(ToUtf8(ToText(kSome)), "{5B1E9A42-7C3D-4F16-9A28-E140B7630CD5}");
   Guid guid;
   ASSERT_TRUE(ToGuid(u"{5b1e9a42-7C3D-4F16-9A28-E140B7630CD5}", guid));
-  EXPECT_EQ(guid, kIID_IServiceSink);
+  EXPECT_EQ(guid, kSome);
   for (const TextView bad :
        {u"", u"5B1E9A42-7C3D-4F16-9A28-E140B7630CD5", u"{5B1E9A42-7C3D-4F16-9A28-E140B7630CD5",
         u"{5B1E9A42-7C3D-4F16-9A28-E140B7630CG5}", u"{5B1E9A42-7C3D-4F169-A28-E140B7630CD5}",

@@ -44,8 +44,8 @@ TEST(QueryTokens, SeeWhatCannotStandByItself) {
   for (const char16_t* clause :
        {u"a = 1) OR (b = 2", u"((a = 1)", u"a = 'x", u"\"a = 1", u"[a = 1", u"a = 1; DROP TABLE t",
         u"'O'Brien'", u"a = 1 LIMIT 1", u"a = 1 ORDER BY a", u"load_extension('x') = 1",
-        u"a IN (SELECT readfile('/etc/x'))", u"\"ogr_geocode\"(a) IS NULL",
-        u"a = 1 UNION SELECT 1"}) {
+        u"a IN (SELECT readfile('/etc/x'))", u"\"ogr_geocode\"(a) IS NULL", u"a = 1 UNION SELECT 1",
+        u"\"LIKE\"(a)", u"CAST(a AS boolean) = 1"}) {
     EXPECT_NE(NamesIn(clause).fault, "") << ToUtf8(clause);
   }
   EXPECT_EQ(NamesIn(u"a = ');('").fault, "");

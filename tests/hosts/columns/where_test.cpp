@@ -141,6 +141,7 @@ class Clauses {
     if (depth > 0 && roll < 2) return "(" + Condition(depth - 1) + ") AND " + Condition(depth - 1);
     if (depth > 0 && roll < 4) return Condition(depth - 1) + " OR " + Condition(depth - 1);
     if (depth > 0 && roll < 5) return "NOT (" + Condition(depth - 1) + ")";
+    if (depth > 0 && roll < 6) return "NOT " + Test();
     return Test();
   }
   std::string Test() {
@@ -196,7 +197,9 @@ class Clauses {
                                          "'a%b'",
                                          "'C_te'",
                                          "'50\\%' ESCAPE '\\'",
-                                         "'__%'"};
+                                         "'__%'",
+                                         "'%%'",
+                                         "'K!A%' ESCAPE '!'"};
     return Any(kPatterns);
   }
 

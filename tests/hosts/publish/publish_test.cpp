@@ -227,7 +227,7 @@ TEST_F(PublishTest, NothingFromOutsideTheModuleIsPublished) {
   const std::vector<std::string> told = {
       "linked: its data lie outside",
       "absolute: its data lie outside",
-      "union: its data refer to a file outside",
+      "union: its data can't be reached",
       "server: its data can't be reached",
       "links/far.txt: it lies outside",
       "far.txt: it lies outside",
