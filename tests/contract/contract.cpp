@@ -23,10 +23,12 @@ void ExpectFailure(std::int32_t number, const std::function<void()>& body,
 Ref<ILayer> LayerNamed(World& world, const Text& name) {
   const Ref<IEnumLayer> layers = world.Document()->FocusMap()->Layers({}, true);
   layers->Reset();
+  Text others;
   while (const Ref<ILayer> layer = layers->Next()) {
     if (layer->Name() == name) return layer;
+    others += u" " + layer->Name();
   }
-  throw std::runtime_error("no layer " + ToUtf8(name));
+  throw std::runtime_error("no layer " + ToUtf8(name) + " among" + ToUtf8(others));
 }
 
 Ref<IStandaloneTable> TableNamed(World& world, const Text& name) {

@@ -90,6 +90,9 @@ void OpenModule(const QString& document) {
   // QGIS's own handler would ask what to do about a layer whose data is gone.
   QgsProject::instance()->setBadLayerHandler(new QgsProjectBadLayerHandler);
   QgsProject::instance()->setDirty(false);
+  // What QGIS still has to do about the layers of the project before: they bear the same names.
+  QgsProject::instance()->clear();
+  QApplication::processEvents();
   QgsProject::instance()->read(Module() + QStringLiteral("/../") + document);
   Access().iface->mainWindow()->showMaximized();
   ShowLayersPanel(true);
