@@ -27,8 +27,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     batch.Rows = 3;
     batch.Ids = {0, 1, 2};
     batch.Live = {0, 1, 2};
-    batch.Columns = {{nulls, wholes, {}, {}, {}}, {nulls, {}, reals, {}, {}},
-                     {nulls, {}, {}, {}, texts}};
+    batch.Columns = {
+        {nulls, wholes, {}, {}, {}}, {nulls, {}, reals, {}, {}}, {nulls, {}, {}, {}, texts}};
     where->Keep(batch);
     fuzz::Demand(batch.Live.size() <= 3);
   });

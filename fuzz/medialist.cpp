@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // media_list.txt: each line is an item, a note or a failure, and the reader comes to the end.
+#include "media/MediaList.h"
 #include "frame/guard.h"
 #include "fuzz/input.h"
-#include "media/MediaList.h"
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace brelmon;

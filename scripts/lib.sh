@@ -1,17 +1,16 @@
 # SPDX-License-Identifier: GPL-2.0-or-later
 # Shared by the scripts: sourced, not run. What is needed is installed, configured and built here.
-# shellcheck shell=bash disable=SC2034  # the lists are for those who source this
+# shellcheck shell=bash disable=SC2034,SC2119,SC2120  # lists and functions are for those who source this
 set -euo pipefail
 top=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 build=$top/build/release
-# What ccache keeps serves every checkout, wherever it lies.
-export CCACHE_BASEDIR=$top CCACHE_NOHASHDIR=1
 
 build_packages=(cmake ninja-build g++ pkg-config libicu-dev libgdal-dev libsqlite3-dev
   libpugixml-dev libreadline-dev libcli11-dev nlohmann-json3-dev)
 qgis_packages=(qgis qgis-providers libqgis-dev qtbase5-dev libqt5svg5-dev)
 web_packages=(rapidjson-dev python3)
 browser_packages=(chromium firefox-esr)
+check_packages=(g++ clang-format clang-tidy codespell shellcheck git)
 test_packages=(libgtest-dev python3 xvfb xauth xdotool openbox imagemagick x11-utils)
 
 # install_missing PACKAGE...: as root or through sudo; says what is missing otherwise.

@@ -19,7 +19,7 @@ struct LayerDefinition {
   std::string type;  // "vector", "raster", ...
   data::SourceText data;
   int sourceLine = 1;  // of the data source in the file, unpacked
-  std::string crs;  // an authority's code or a definition; empty where none is told
+  std::string crs;     // an authority's code or a definition; empty where none is told
   bool hasGeometry = true;
   std::map<std::string, std::string> aliases;  // by field name
   std::set<std::string> hiddenFields;

@@ -10,8 +10,8 @@ class xml_document;
 
 namespace brelmon::headless {
 
-/// Reads a .qgs, .qgz or .qlr file with a layer tree. Throws std::runtime_error with the file's name
-/// and the reason for any other. Gives the file's text.
+/// Reads a .qgs, .qgz or .qlr file with a layer tree. Throws std::runtime_error with the file's
+/// name and the reason for any other. Gives the file's text.
 std::string ReadProjectXml(const std::string& file, pugi::xml_document& document);
 
 }  // namespace brelmon::headless

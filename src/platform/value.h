@@ -38,8 +38,7 @@ class Value {
 
   /// Conversions of the platform: empty gives 0, false, "" or no object. Null fails with 94,
   /// a text that is no number and every other misfit with 13, a number out of range with 6.
-  double ToDouble(std::int32_t line = __builtin_LINE(),
-                  const char* file = __builtin_FILE()) const {
+  double ToDouble(std::int32_t line = __builtin_LINE(), const char* file = __builtin_FILE()) const {
     const double* const number = If<double>();
     return number ? *number : Converted(line, file);
   }

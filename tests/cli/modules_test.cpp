@@ -30,9 +30,9 @@ TEST(Front, UsageIsStatusTwoAndOpensNothing) {
 TEST(Front, HelpAndVersionNeedNoModule) {
   const auto help = Brelmon({"--help"});
   EXPECT_EQ(help.status, 0);
-  for (const char* action :
-       {"toolbar", "commands", "contents", "fields", "frame", "tab", "pick", "graphic", "click",
-        "statistics", "values", "query", "summarize", "quickload", "media", "about", "check", "publish"}) {
+  for (const char* action : {"toolbar", "commands", "contents", "fields", "frame", "tab", "pick",
+                             "graphic", "click", "statistics", "values", "query", "summarize",
+                             "quickload", "media", "about", "check", "publish"}) {
     EXPECT_TRUE(Contains(help.out, std::string("\n  ") + action + " ")) << action;
   }
   EXPECT_EQ(Brelmon({"--version"}).out, "brelmon 1.9.59\n");

@@ -6,14 +6,15 @@
 
 namespace brelmon::contract {
 
-void ExpectFailure(std::int32_t number, const std::function<void()>& body,
-                   const std::string& what, TextView source) {
+void ExpectFailure(std::int32_t number, const std::function<void()>& body, const std::string& what,
+                   TextView source) {
   try {
     body();
   } catch (const Failure& failure) {
     ExpectEqual(failure.Number, number, what + " fails with another number");
     ExpectEqual(failure.Source, Text(source), what + " fails with another source");
-    if (source == u"Brelmon host") ExpectEqual(failure.Line, 0, what + " fails with a line of the host's");
+    if (source == u"Brelmon host")
+      ExpectEqual(failure.Line, 0, what + " fails with a line of the host's");
     Expect(!failure.Description.empty(), what + " fails without a description");
     return;
   }
@@ -23,10 +24,12 @@ void ExpectFailure(std::int32_t number, const std::function<void()>& body,
 Ref<ILayer> LayerNamed(World& world, const Text& name) {
   const Ref<IEnumLayer> layers = world.Document()->FocusMap()->Layers({}, true);
   layers->Reset();
+  Text others;
   while (const Ref<ILayer> layer = layers->Next()) {
     if (layer->Name() == name) return layer;
+    others += u" " + layer->Name();
   }
-  throw std::runtime_error("no layer " + ToUtf8(name));
+  throw std::runtime_error("no layer " + ToUtf8(name) + " among" + ToUtf8(others));
 }
 
 Ref<IStandaloneTable> TableNamed(World& world, const Text& name) {
@@ -59,8 +62,8 @@ Value FirstValue(const Ref<IObject>& table, const Text& field, const Text& claus
 
 std::vector<Case> AllCases() {
   std::vector<Case> all;
-  for (auto cases : {ContentsCases(), FieldCases(), RowCases(), SelectionCases(), MapCases(),
-                     KindCases()}) {
+  for (auto cases :
+       {ContentsCases(), FieldCases(), RowCases(), SelectionCases(), MapCases(), KindCases()}) {
     std::move(cases.begin(), cases.end(), std::back_inserter(all));
   }
   return all;

@@ -160,8 +160,8 @@ Ref<IStandaloneTable> Summary(World& world, const Ref<IObject>& of, const Text& 
   const auto dataset = New<IDatasetName>();
   dataset->Name = name;
   dataset->WorkspaceName = workspace.As<IDataset>()->FullName();
-  const Ref<ITable> made = world.Objects().NewBasicGeoprocessor()->Dissolve(
-      of.As<ITable>(), false, field, terms, dataset);
+  const Ref<ITable> made = world.Objects().NewBasicGeoprocessor()->Dissolve(of.As<ITable>(), false,
+                                                                            field, terms, dataset);
   const Ref<IStandaloneTable> table = world.Objects().NewStandaloneTable();
   table->SetTable(made);
   ExpectFailure(

@@ -85,11 +85,15 @@ Ref<IMxDocument> Document() { return Access().application->Document().As<IMxDocu
 void OpenModule(const QString& document) {
   SetGraphics({});
   for (QWidget* window : QApplication::topLevelWidgets()) {
-    if (window->inherits("QgsAttributeTableDialog")) window->close();
+    const bool report = window->objectName() == QLatin1String("frmReport") && window->isVisible();
+    if (report || window->inherits("QgsAttributeTableDialog")) window->close();
   }
   // QGIS's own handler would ask what to do about a layer whose data is gone.
   QgsProject::instance()->setBadLayerHandler(new QgsProjectBadLayerHandler);
   QgsProject::instance()->setDirty(false);
+  // What QGIS still has to do about the layers of the project before: they bear the same names.
+  QgsProject::instance()->clear();
+  QApplication::processEvents();
   QgsProject::instance()->read(Module() + QStringLiteral("/../") + document);
   Access().iface->mainWindow()->showMaximized();
   ShowLayersPanel(true);

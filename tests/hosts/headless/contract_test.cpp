@@ -24,8 +24,7 @@ class HeadlessWorld : public World {
   /// Cases may leave files in their module.
   std::string CopyOf(const std::filesystem::path& module) {
     const auto source = BRELMON_SOURCE_DIR / module.parent_path();
-    std::filesystem::copy(source, folder_.Path("module"),
-                          std::filesystem::copy_options::recursive);
+    std::filesystem::copy(source, folder_.Path("module"), std::filesystem::copy_options::recursive);
     return folder_.Path("module/" + module.filename().string());
   }
 

@@ -47,8 +47,8 @@ TEST_F(RowsTest, QueriesGoToTheSourceAsTyped) {
        {Row{u"s", u"\"TXT\" = 'O''Brien'", 1}, Row{u"s", u"\"DAY\" > '2000/01/01'", 1},
         Row{u"s", u"N10 IS NULL", 1}, Row{u"s", u"FID = 1", 1}, Row{u"s", u"[N9] = -1", -1},
         Row{u"s", u"\"N9\" = ", -1}, Row{u"s", u"   ", 3}, Row{u"g", u"\"NAME\" LIKE 'NORTH'", 1},
-        Row{u"g", u"[BIG] > 4000000000", 1}, Row{u"g", u"length(\"NAME\") = 5 AND fid < 3", 2}, Row{u"g", u"rowid < 3", -1},
-        Row{u"g", u"\"fid\" IN (SELECT max(fid) FROM sites)", 1},
+        Row{u"g", u"[BIG] > 4000000000", 1}, Row{u"g", u"length(\"NAME\") = 5 AND fid < 3", 2},
+        Row{u"g", u"rowid < 3", -1}, Row{u"g", u"\"fid\" IN (SELECT max(fid) FROM sites)", 1},
         Row{u"g", u"\"NAMES\" = 'NAMES'", -1}, Row{u"g", u"nofunction(\"NAME\")", -1},
         Row{u"g", u"(  )", -1}}) {
     SCOPED_TRACE(ToUtf8(Text(row.layer) + u" where " + row.clause));

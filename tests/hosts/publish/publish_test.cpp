@@ -225,14 +225,10 @@ TEST_F(PublishTest, NothingFromOutsideTheModuleIsPublished) {
   }
   EXPECT_EQ(Module()["media"], (json{"home.url", "inside.txt"}));
   const std::vector<std::string> told = {
-      "linked: its data lie outside",
-      "absolute: its data lie outside",
-      "union: its data can't be reached",
-      "server: its data can't be reached",
-      "links/far.txt: it lies outside",
-      "far.txt: it lies outside",
-      "links\\far.qlr: it lies outside",
-      "Shortcut:https\u00DF//example.org/home,3",
+      "linked: its data lie outside",     "absolute: its data lie outside",
+      "union: its data can't be reached", "server: its data can't be reached",
+      "links/far.txt: it lies outside",   "far.txt: it lies outside",
+      "links\\far.qlr: it lies outside",  "Shortcut:https\u00DF//example.org/home,3",
   };
   std::string report;
   for (const std::string& line : done.report) report += line + "\n";
