@@ -148,6 +148,7 @@ class MapDocument : public IMxDocument,
     Changed();
   }
   void Remove(const Ref<IMap>& map) override {
+    if (!map) host::Fail(failure::kObjectNotSet);
     std::erase_if(frames_->maps, [&](const Ref<IMap>& one) { return Same(one, map); });
     if (const auto frame = map.TryAs<IDataFrame>()) {
       for (const TreeItem& item : frame->Items()) frames_->Removed(item.object);
