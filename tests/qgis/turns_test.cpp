@@ -177,7 +177,6 @@ TEST(Turns, AProjectNeverSavedIsToldOfAndNothingElse) {
 
 /// What is left of a run that did not come to its end.
 void ExpectNothingLeft() {
-  EXPECT_FALSE(Shown(QStringLiteral("frmReport")));
   EXPECT_FALSE(QApplication::overrideCursor());
   auto* progress = Access().iface->mainWindow()->findChild<QWidget*>(kProgress);
   EXPECT_FALSE(progress->isVisible());
