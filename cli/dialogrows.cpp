@@ -28,15 +28,8 @@ std::string WordOf(FieldType type) {
   return "other";
 }
 
-int OccurrenceListed(const std::vector<Field>& fields, const Field& field, Listed listed) {
+void RefuseUnlisted(const Field& field) {
   const std::string name = "the field \"" + ToUtf8(field.Alias) + "\"";
-  const auto most = static_cast<std::int32_t>(listed);
-  std::vector<Text> texts;
-  for (const Field& each : fields) {
-    if (!each.Visible || static_cast<std::int32_t>(each.Type) > most) continue;
-    texts.push_back(each.Alias);
-    if (each.Number == field.Number) return OccurrenceOf(texts, texts.size() - 1);
-  }
   if (!field.Visible) throw Refusal(name + " is hidden, so the dialog doesn't list it");
   throw Refusal(name + " is of the type " + WordOf(field.Type) + ", which the dialog doesn't list");
 }

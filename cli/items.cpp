@@ -6,6 +6,7 @@
 #include <functional>
 #include <optional>
 
+#include "frame/documentmodel.h"
 #include "hosts/headless/rasterlayer.h"
 
 namespace brelmon::cli {
@@ -123,29 +124,20 @@ const Field& FindField(const std::vector<Field>& fields, const Item& table,
   })];
 }
 
-int OccurrenceOf(const std::vector<Text>& texts, std::size_t position) {
-  const auto end = texts.begin() + static_cast<std::ptrdiff_t>(position);
-  return static_cast<int>(std::count(texts.begin(), end, texts[position]));
-}
-
-int OccurrenceOnOffer(headless::HeadlessHost& host, const Item& item) {
+std::int32_t RowOnOffer(headless::HeadlessHost& host, const Item& item) {
   const std::string name = "\"" + ToUtf8(item.Name) + "\"";
   if (!IsValid(item)) throw Refusal("the data of " + name + " can't be reached");
   const auto focus = host.Document()->FocusMap();
   if (!Same(item.Frame, focus)) {
     throw Refusal(name + " is not in the data frame in focus, \"" + ToUtf8(focus->Name()) + "\"");
   }
-  std::vector<Text> texts;
-  for (const bool layers : {true, false}) {
-    for (const headless::TreeItem& each : headless::HeadlessHost::ItemsOf(focus)) {
-      const bool offered =
-          layers ? each.object.Offers<IFeatureLayer>() : each.object.Offers<IStandaloneTable>();
-      if (!offered || !IsValid({0, 0, {}, {}, each.object, focus})) continue;
-      texts.push_back(NameOf(each.object));
-      if (Same(each.object, item.Object)) return OccurrenceOf(texts, texts.size() - 1);
-    }
-  }
-  throw Refusal(name + " is a " + item.Kind + ", which the tools don't offer");
+  std::int32_t row = -1, next = 0;
+  ForEachValidItem(focus, [&](const Ref<IObject>& offered) {
+    if (Same(offered, item.Object)) row = next;
+    ++next;
+  });
+  if (row < 0) throw Refusal(name + " is a " + item.Kind + ", which the tools don't offer");
+  return row;
 }
 
 }  // namespace brelmon::cli

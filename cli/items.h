@@ -41,12 +41,7 @@ std::vector<Field> FieldsOf(const Item& table);
 const Field& FindField(const std::vector<Field>& fields, const Item& table,
                        const std::string& word);
 
-/// A dialog lists some items or fields in their order, by texts that may repeat: how many of the
-/// same text stand before `position` among `texts`.
-int OccurrenceOf(const std::vector<Text>& texts, std::size_t position);
-
-/// The valid layers, then tables, of the focus map: what the tools offer in their dialogs. The
-/// occurrence of `item` among those of its name; refuses an item that isn't offered.
-int OccurrenceOnOffer(headless::HeadlessHost& host, const Item& item);
+/// The row of `item` in the dialogs' lists of items; refuses an item that they don't offer.
+std::int32_t RowOnOffer(headless::HeadlessHost& host, const Item& item);
 
 }  // namespace brelmon::cli

@@ -7,6 +7,7 @@
 #include "cli/actions.h"
 #include "cli/dialogrows.h"
 #include "cli/reports.h"
+#include "selection/queryoperation.h"
 
 namespace brelmon::cli {
 namespace {
@@ -41,8 +42,7 @@ struct QueryOptions {
 };
 
 void ChooseItem(Form& form, Session& session, const Item& item) {
-  auto& list = Get<ListBox>(form, u"lbxThemes");
-  list.UserClick(ItemRow(list, session.Host(), item));
+  Get<ListBox>(form, u"lbxThemes").UserClick(RowOnOffer(session.Host(), item));
 }
 
 int Values(Session& session, const std::string& itemWord, const std::string& fieldWord) {
@@ -53,7 +53,7 @@ int Values(Session& session, const std::string& itemWord, const std::string& fie
   const auto work = [&](Form& form) {
     ChooseItem(form, session, item);
     auto& list = Get<ListBox>(form, u"lbxFields");
-    list.UserClick(FieldRow(list, fields, field, Listed::UpToIds));
+    list.UserClick(FieldRow(list, field));
     Press(form, u"cmdUpdate", "no values can be asked for");
     values = RowsOf(Get<ListBox>(form, u"lbxValues"));
     Dismiss(form);
@@ -85,7 +85,7 @@ int Query(Session& session, const QueryOptions& options) {
   };
   const Outcome outcome = session.Click(u"cmdSelByAttBrelmon", {{Text(kForm), work}});
   const bool verified =
-      outcome.Trails == 0 && outcome.Told.size() == 1 && outcome.Told[0] == u"Query Verified:";
+      outcome.Trails == 0 && outcome.Told.size() == 1 && outcome.Told[0] == kVerifiedTitle;
   if (chose == kVerify ? !verified : !outcome.Untroubled()) return kFailed;
   PrintText(count);
   return kDone;

@@ -3,11 +3,13 @@
 #include <CLI/CLI.hpp>
 #include <iostream>
 #include <map>
+#include <optional>
 
 #include "cli/actions.h"
 #include "cli/columns.h"
 #include "cli/reports.h"
 #include "cli/userforms.h"
+#include "quickload/QuickLoadFile.h"
 
 namespace brelmon::cli {
 namespace {
@@ -18,31 +20,27 @@ struct Kind {
   const char* Word;
   const char* Help;
   TextView Option;
-  TextView Mark;  // in the editor's list of all references; data frames are none
+  std::optional<QuickLoadRecord::Kind> Record;  // in the file; data frames are none
 };
 constexpr Kind kKinds[] = {
-    {"frame", "Go to a data frame", u"optViews", u""},
-    {"bookmark", "Go to a spatial bookmark", u"optExtents", u"  [Spatial Bookmark]"},
-    {"layer", "Add a layer to the map", u"optLayers", u"  [Layer File]"},
-    {"query", "Print a saved query", u"optQueries", u"  [Saved Query]"},
+    {"frame", "Go to a data frame", u"optViews", {}},
+    {"bookmark", "Go to a spatial bookmark", u"optExtents", QuickLoadRecord::Kind::Bookmark},
+    {"layer", "Add a layer to the map", u"optLayers", QuickLoadRecord::Kind::Layer},
+    {"query", "Print a saved query", u"optQueries", QuickLoadRecord::Kind::Query},
 };
 
-/// Rows of the editor's list by kind mark: their numbers there, in order.
-std::map<TextView, std::vector<int>> References(Session& session) {
-  std::map<TextView, std::vector<int>> numbers;
-  session.Click(u"cmdQLDelete",
-                {{u"frm_QLDelete", [&](Form& form) {
-                    int number = 0;
-                    for (const Text& row : RowsOf(Get<ListBox>(form, u"lbxReferences"))) {
-                      ++number;
-                      for (const Kind& kind : kKinds) {
-                        if (!kind.Mark.empty() && row.ends_with(kind.Mark)) {
-                          numbers[kind.Mark].push_back(number);
-                        }
-                      }
-                    }
-                    Dismiss(form);
-                  }}});
+/// Numbers of the rows in the editor's list by kind of record, in order.
+std::map<QuickLoadRecord::Kind, std::vector<int>> References(Session& session) {
+  std::map<QuickLoadRecord::Kind, std::vector<int>> numbers;
+  session.Click(
+      u"cmdQLDelete",
+      {{u"frm_QLDelete", [&](Form& form) {
+          auto& list = Get<ListBox>(form, u"lbxReferences");
+          for (std::int32_t row = 0; row < list.ListCount(); ++row) {
+            numbers[static_cast<QuickLoadRecord::Kind>(list.ItemData(row))].push_back(row + 1);
+          }
+          Dismiss(form);
+        }}});
   return numbers;
 }
 
@@ -58,14 +56,13 @@ int List(Session& session) {
   };
   const Outcome outcome = session.Click(u"cmdQuickLoad", {{Text(kForm), work}});
   if (!outcome.Untroubled()) return kFailed;
-  const auto references = References(session);
+  auto references = References(session);
   Columns columns({"kind", ">number", ">delete", "name"});
   for (const Kind& kind : kKinds) {
-    const auto own = references.find(kind.Mark);
+    const auto own = kind.Record ? references[*kind.Record] : std::vector<int>();
     for (std::size_t i = 0; i < rows[&kind].size(); ++i) {
-      const bool referenced = own != references.end() && i < own->second.size();
-      columns.Add({kind.Word, std::to_string(i + 1),
-                   referenced ? std::to_string(own->second[i]) : "-", ToUtf8(rows[&kind][i])});
+      columns.Add({kind.Word, std::to_string(i + 1), i < own.size() ? std::to_string(own[i]) : "-",
+                   ToUtf8(rows[&kind][i])});
     }
   }
   columns.Print(std::cout);

@@ -10,6 +10,7 @@
 #include "cli/reports.h"
 #include "cli/userforms.h"
 #include "hosts/common/paths.h"
+#include "quickload/QuickLoadMessages.h"
 
 namespace brelmon::cli {
 namespace {
@@ -28,7 +29,7 @@ std::string FileOf(Session& session) {
 int Edit(Session& session, TextView className, std::vector<Hands> hands, const Words& files = {}) {
   const std::string before = FileOf(session);
   int complaints = 0;
-  hands.push_back(ReadReports(u"Error Report:", &complaints));
+  hands.push_back(ReadReports(Text(QuickLoadMessages::kErrorReport), &complaints));
   const Outcome outcome = session.Click(className, hands, files);
   const bool done = FileOf(session) != before && outcome.Trails == 0 && complaints == 0;
   return done ? kDone : kFailed;

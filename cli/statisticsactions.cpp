@@ -24,7 +24,7 @@ void ChooseFields(Form& form, const std::vector<Field>& fields, const std::set<i
   bool first = true;
   for (const int number : chosen) {
     const Field& field = fields[static_cast<std::size_t>(number) - 1];
-    list.UserClick(FieldRow(list, fields, field, Listed::Numeric), !first);
+    list.UserClick(FieldRow(list, field), !first);
     first = false;
   }
 }
@@ -49,12 +49,10 @@ void ChooseDecimals(Form& form, const StatisticsOptions& options) {
   if (!options.Decimals) return;
   auto& places = Get<ComboBox>(form, u"cbxDecPlaces");
   const Text text = FromUtf8(std::to_string(*options.Decimals));
-  const std::int32_t row = RowOf(places, text, 0);
-  if (row >= 0) {
-    places.UserChoose(row);
-  } else {
-    places.UserType(text);
+  for (std::int32_t row = 0; row < places.ListCount(); ++row) {
+    if (places.List(row) == text) return places.UserChoose(row);
   }
+  places.UserType(text);
 }
 
 int Statistics(Session& session, const StatisticsOptions& options) {
@@ -68,7 +66,7 @@ int Statistics(Session& session, const StatisticsOptions& options) {
   bool refused = false;
   const auto work = [&](Form& form) {
     auto& list = Get<ListBox>(form, u"lbxTheme");
-    list.UserClick(ItemRow(list, session.Host(), item));
+    list.UserClick(RowOnOffer(session.Host(), item));
     ChooseFields(form, fields, chosen);
     ChooseRecords(form, options);
     ChooseIgnored(form, options);

@@ -9,12 +9,12 @@
 #include "cli/dialogrows.h"
 #include "hosts/common/folderworkspace.h"
 #include "hosts/common/paths.h"
+#include "summarize/summarystring.h"
 
 namespace brelmon::cli {
 namespace {
 
 constexpr int kRowsShown = 10;
-constexpr std::int32_t kTicked = 2;
 
 struct SummarizeOptions {
   std::string ItemWord, FieldWord, Output;
@@ -40,12 +40,11 @@ std::vector<Ticked> FindStatistics(const SummarizeOptions& options, const Item& 
   return found;
 }
 
-Node& FieldNode(TreeView& tree, const std::vector<Field>& fields, const Field& field) {
-  int occurrence = OccurrenceListed(fields, field, Listed::UpToDates);
+Node& FieldNode(TreeView& tree, const Field& field) {
   for (Node* node : tree.Roots()) {
-    if (node->Caption() == field.Alias && occurrence-- == 0) return *node;
+    if (node->Data == field.Number - 1) return *node;
   }
-  throw Refusal("the dialog offers no statistics of \"" + ToUtf8(field.Alias) + "\"");
+  RefuseUnlisted(field);
 }
 
 void Tick(TreeView& tree, Node& field, const std::string& statistic) {
@@ -134,23 +133,20 @@ struct Request {
 };
 
 void TickStatistics(TreeView& tree, const Request& request) {
-  auto inTree = request.Fields;  // all but the field that is summarized by
-  std::erase_if(inTree, [&](const Field& each) { return each.Number == request.By.Number; });
   for (const auto& [statistic, field] : request.Statistics) {
     if (field->Number == request.By.Number) {
       throw Refusal("\"" + ToUtf8(field->Alias) +
                     "\" is what is summarized by: it has no statistics");
     }
-    Tick(tree, FieldNode(tree, inTree, *field), statistic);
+    Tick(tree, FieldNode(tree, *field), statistic);
   }
 }
 
 /// Fills the form and presses OK; gives what the columns will hold.
 std::vector<std::string> WorkForm(Form& form, Session& session, const Request& request) {
-  auto& layers = Get<ComboBox>(form, u"cbxLayer");
-  layers.UserChoose(ItemRow(layers, session.Host(), request.Of));
+  Get<ComboBox>(form, u"cbxLayer").UserChoose(RowOnOffer(session.Host(), request.Of));
   auto& names = Get<ComboBox>(form, u"cbxFieldName");
-  names.UserChoose(FieldRow(names, request.Fields, request.By, Listed::UpToDates));
+  names.UserChoose(FieldRow(names, request.By));
   auto& tree = Get<TreeView>(form, u"treeFields");
   TickStatistics(tree, request);
   ChooseRecords(form, request.Options);

@@ -37,15 +37,6 @@ Kind& Get(Form& form, TextView name) {
 /// Leaves by Escape where the form has a cancel button, else by the title bar.
 void Dismiss(Form& form);
 
-/// The `occurrence`-th row (from 0) of exactly that text, -1 if there is none.
-template <class List>
-std::int32_t RowOf(List& list, const Text& text, int occurrence) {
-  for (std::int32_t row = 0; row < list.ListCount(); ++row) {
-    if (list.List(row) == text && occurrence-- == 0) return row;
-  }
-  return -1;
-}
-
 /// All rows of a list.
 std::vector<Text> RowsOf(ListBox& list);
 

@@ -18,7 +18,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::int32_t kFileExists = 58;
 constexpr char kEndOfFile = '\x1A';
 
 [[noreturn]] void FailWriting(const fs::path& file, int error) {
@@ -84,7 +83,7 @@ class PassingTable {
   /// The table's own file comes last.
   void Publish() {
     if (fs::exists(path_)) {
-      host::Fail(kFileExists, "There is a file " + path_.string() + " already.");
+      host::Fail(failure::kFileExists, "There is a file " + path_.string() + " already.");
     }
     for (const char* extension : kExtensions) {
       std::error_code error;
@@ -139,7 +138,7 @@ void WriteDbfTable(const std::string& path, const CodePage& page, std::vector<Db
   if (!fs::is_directory(folder)) {
     host::Fail(failure::kPathNotFound, "There is no folder " + folder.string() + ".");
   }
-  if (fs::exists(path)) host::Fail(kFileExists, "There is a file " + path + " already.");
+  if (fs::exists(path)) host::Fail(failure::kFileExists, "There is a file " + path + " already.");
   for (DbfColumn& column : columns) FitColumn(column, page);
   PassingTable passing(path);
   NewFile named(passing.File(".cpg"));

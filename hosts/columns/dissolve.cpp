@@ -18,7 +18,6 @@ namespace {
 
 constexpr double kNull = std::numeric_limits<double>::quiet_NaN();
 constexpr int kCountWidth = 9, kSmallWidth = 4;
-constexpr std::int32_t kBadFileName = 52;
 
 /// Extremes look like their field; what is reckoned from many values has the digits that it needs.
 DbfColumn ColumnFor(const DissolveTerm& term, const Field& field) {
@@ -96,11 +95,12 @@ std::string TableFileName(const Text& fileName) {
                    std::any_of(name.begin(), name.end(),
                                [](char c) { return static_cast<unsigned char>(c) < ' '; });
   if (odd || stem.find_first_not_of(". ") == std::string::npos) {
-    host::Fail(kBadFileName, "A dBASE table can't be named \"" + name + "\".");
+    host::Fail(failure::kBadFileNumber, "A dBASE table can't be named \"" + name + "\".");
   }
   if (point == std::string::npos) return name + ".dbf";
   if (!EqualNoCase(FromUtf8(name.substr(point)), u".dbf")) {
-    host::Fail(kBadFileName, "The name of a dBASE table ends in .dbf, not as in \"" + name + "\".");
+    host::Fail(failure::kBadFileNumber,
+               "The name of a dBASE table ends in .dbf, not as in \"" + name + "\".");
   }
   return name;
 }

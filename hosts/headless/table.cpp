@@ -214,7 +214,10 @@ class StandaloneTable : public Table,
                         public std::enable_shared_from_this<StandaloneTable> {
  public:
   using brelmon::headless::Table::Table;
-  Text Name() override { return OwnName(); }
+  Text Name() override {
+    if (!Source()) host::Fail(failure::kObjectNotSet);
+    return OwnName();
+  }
   bool Valid() override { return IsReached(); }
   Ref<ITable> Table() override {
     return Source() ? Ref<ITable>(shared_from_this()) : Ref<ITable>();

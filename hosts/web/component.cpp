@@ -12,19 +12,17 @@ std::int32_t DllRegisterServer();
 
 namespace brelmon::web {
 
-constexpr std::int32_t kCannotCreateObject = 429;
-
 Component::Component(const Services& services) : registry_(services.registry) {
   const Guid any;
   void* sink = nullptr;
   if (DllGetClassObject(&any, &kIID_IServiceSink, &sink) != hresult::kOk) {
-    host::Fail(kCannotCreateObject, "The component takes no services.");
+    host::Fail(failure::kCannotCreateObject, "The component takes no services.");
   }
   sink_ = static_cast<IServiceSink*>(sink);
   sink_->Attach(services, u"Z:\\brelmon.wasm");
   if (DllRegisterServer() != hresult::kOk) {
     sink_->Detach();
-    host::Fail(kCannotCreateObject, "The component can't register its classes.");
+    host::Fail(failure::kCannotCreateObject, "The component can't register its classes.");
   }
 }
 
@@ -40,7 +38,7 @@ Ref<IObject> Component::CreateObject(const Text& progId) {
   void* factory = nullptr;
   if (!ToGuid(text, classId) ||
       DllGetClassObject(&classId, &kIID_IClassFactory, &factory) != hresult::kOk) {
-    host::Fail(kCannotCreateObject, "The component has no class " + ToUtf8(progId) + ".");
+    host::Fail(failure::kCannotCreateObject, "The component has no class " + ToUtf8(progId) + ".");
   }
   return static_cast<IClassFactory*>(factory)->CreateInstance();
 }

@@ -7,7 +7,7 @@
 #include <map>
 #include <set>
 
-#include "hosts/common/hostfailure.h"
+#include "hosts/common/heldform.h"
 #include "hosts/web/page.h"
 #include "toolkit/controls.h"
 
@@ -123,11 +123,7 @@ class ModelessFrame : public IModelessFrame,
                       public IWindowPosition,
                       public std::enable_shared_from_this<ModelessFrame> {
  public:
-  void Create(const Ref<IObject>& form) override {
-    const Ref<Form> own = form.As<Form>(0);
-    if (!own) host::Fail(failure::kObjectNotSet);
-    form_ = own.Shared();
-  }
+  void Create(const Ref<IObject>& form) override { form_.Take(form); }
   Text Caption() override { return caption_; }
   void SetCaption(const Text& caption) override {
     caption_ = caption;
@@ -135,14 +131,9 @@ class ModelessFrame : public IModelessFrame,
   }
   bool Visible() override { return view_ != nullptr; }
   void SetVisible(bool visible) override {
-    const auto form = form_.lock();
+    const auto form = form_.Get();
     if (!visible) view_.reset();
-    if (!form) {
-      view_.reset();
-      return;
-    }
-    shown_ = visible ? form : nullptr;
-    form->SetVisibleInFrame(visible);
+    form_.Show(visible);
     if (!visible) return;
     if (view_) {
       Tell(Json().Begin().Put("what", "form-raise").Put("name", view_->Name()).End());
@@ -154,17 +145,11 @@ class ModelessFrame : public IModelessFrame,
     });
     if (!caption_.empty()) view_->SetTitle(caption_);
   }
-  std::int32_t Width() override { return Pixels(&Form::Width); }
-  std::int32_t Height() override { return Pixels(&Form::Height); }
+  std::int32_t Width() override { return form_.Width(); }
+  std::int32_t Height() override { return form_.Height(); }
 
  private:
-  std::int32_t Pixels(Twips (Form::*size)()) const {
-    const auto form = form_.lock();
-    return form ? static_cast<std::int32_t>(std::lround((form.get()->*size)() / kTwipsPerPixel))
-                : 0;
-  }
-  std::weak_ptr<Form> form_;     // the form holds its frame
-  std::shared_ptr<Form> shown_;  // which holds the form while a user can see it
+  host::HeldForm form_;
   Text caption_;
   std::unique_ptr<View> view_;
 };

@@ -154,8 +154,7 @@ void StatusBar::StepProgressBar() {
   Show();
   const int name = NextName();
   Tell(Json().Begin().Put("what", "breath").Put("name", name).End());
-  constexpr std::int32_t kInterrupted = 18;
-  if (Wait(name) != 0) host::Fail(kInterrupted);
+  if (Wait(name) != 0) host::Fail(failure::kUserInterrupt);
 }
 
 void StatusBar::HideProgressBar() {

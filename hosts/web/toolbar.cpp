@@ -3,22 +3,10 @@
 #include "hosts/web/toolbar.h"
 
 #include "frame/commandtable.h"
+#include "hosts/common/baritems.h"
 #include "hosts/web/page.h"
 
 namespace brelmon::web {
-namespace {
-
-class ItemDef : public IItemDef {
- public:
-  void SetID(const Text& progId) override { id = progId; }
-  void SetGroup(bool begins) override { group = begins; }
-  void SetSubType(std::int32_t) override {}
-  Text id;
-  bool group = false;
-};
-
-}  // namespace
-
 Toolbar::Toolbar(Component& component, const Ref<IApplication>& application)
     : component_(component) {
   for (const CommandInfo& info : CommandTable()) {
@@ -29,10 +17,8 @@ Toolbar::Toolbar(Component& component, const Ref<IApplication>& application)
     buttons_.push_back(std::move(button));
   }
   const auto definition = component_.CreateObject(ProgIdOf(kToolBarClass)).As<IToolBarDef>(0);
-  for (std::int32_t i = 0; i < definition->ItemCount(); ++i) {
-    const auto item = New<ItemDef>();
-    definition->GetItemInfo(i, item);
-    bar_.emplace_back(item->id.substr(item->id.rfind(u'.') + 1), item->group);
+  for (const host::BarItem& item : host::ItemsOf(definition)) {
+    bar_.emplace_back(item.ProgId.substr(item.ProgId.rfind(u'.') + 1), item.Group);
   }
 }
 

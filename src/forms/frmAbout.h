@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "forms/AnchorObjectList.h"
+#include "platform/services.h"
 #include "toolkit/controls.h"
 
 namespace brelmon {

@@ -4,6 +4,7 @@
 
 #include "frame/documentmodel.h"
 #include "platform/collection.h"
+#include "platform/services.h"
 #include "platform/windows.h"
 
 namespace brelmon {

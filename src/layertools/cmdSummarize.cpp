@@ -3,6 +3,7 @@
 #include "layertools/cmdSummarize.h"
 
 #include "frame/documentmodel.h"
+#include "platform/services.h"
 #include "platform/windows.h"
 
 namespace brelmon {

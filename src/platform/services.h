@@ -8,6 +8,7 @@
 #include "platform/date.h"
 #include "platform/locale.h"
 #include "platform/object.h"
+#include "platform/pointer.h"
 #include "platform/value.h"
 
 namespace brelmon {
@@ -54,8 +55,6 @@ class IErrorDialog : public virtual IObject {
   /// Modeless: the call returns at once.
   virtual void SetVisible(bool visible) = 0;
 };
-
-enum class Pointer : int { Default = 0, Hourglass = 11, Custom = 99 };
 
 class IScreen {
  public:

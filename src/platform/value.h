@@ -2,6 +2,7 @@
 // A value of a field, a control or the contents view: empty, null, a number, a date, text, object.
 #pragma once
 
+#include <concepts>
 #include <cstdint>
 #include <variant>
 
@@ -19,7 +20,9 @@ class Value {
  public:
   Value() = default;  // empty, which is not null
   Value(Null null) : data_(null) {}
-  Value(bool flag) : data_(flag) {}
+  /// From a bool alone: a pointer, which would turn into one, is no value.
+  template <std::same_as<bool> Flag>
+  Value(Flag flag) : data_(flag) {}
   Value(std::int32_t number) : data_(number) {}
   Value(double number) : data_(number) {}
   Value(Date date) : data_(date) {}

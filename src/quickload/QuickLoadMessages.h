@@ -6,6 +6,9 @@
 
 namespace brelmon::QuickLoadMessages {
 
+/// Caption of the report of what could not be added.
+inline constexpr TextView kErrorReport = u"Error Report:";
+
 /// There is no file beside the document, and no way on.
 void TellFileMissing();
 /// Whether a new file may be made at `path`.

@@ -42,7 +42,8 @@ class References {
   }
 
   void Show() const {
-    if (problems_) QuickLoadMessages::ShowReport(errorReport_, u"Error Report:");
+    if (problems_)
+      QuickLoadMessages::ShowReport(errorReport_, Text(QuickLoadMessages::kErrorReport));
     if (good_) QuickLoadMessages::ShowReport(goodReport_, u"QuickLoad.txt Edit Report:");
   }
 

@@ -65,7 +65,9 @@ void cmdQLDelete::OnClick() {
     // Open until the dialog has closed: nobody of this process writes to it meanwhile.
     auto records = QuickLoadFile::OpenAndRead(*path);
     auto dialog = New<frm_QLDelete>();
-    for (const auto& record : records) dialog->lbxReferences.AddItem(RowOf(record));
+    for (const auto& record : records) {
+      dialog->lbxReferences.AddItem(RowOf(record), static_cast<std::int32_t>(record.Is));
+    }
     dialog->ShowModal();
     if (!dialog->ShouldContinue()) return QuickLoadFile::Close();
 

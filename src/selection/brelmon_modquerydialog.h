@@ -8,6 +8,7 @@
 #include "platform/application.h"
 #include "platform/collection.h"
 #include "platform/map.h"
+#include "selection/queryoperation.h"
 #include "statistics/StatisticsFlow.h"
 #include "toolkit/controls.h"
 
@@ -99,7 +100,7 @@ class brelmon_ModQueryDialog : public Form {
   /// An operator button's click: the literal in place of what is selected.
   void Insert(TextView procedure, TextView literal);
 
-  void ModQueryDoSelection(const Text& optionName);
+  void ModQueryDoSelection(SetOperation operation);
   void optFiltered_Click();
   void cmdVerify_Click();
   void cmdSwitchSel_Click();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // What the query does: to the selection, to the filter, and to the buttons around it.
 #include "frame/guard.h"
+#include "platform/services.h"
 #include "selection/brelmon_modquerydialog.h"
 #include "selection/mapitem.h"
 #include "selection/queryoperation.h"
@@ -23,23 +24,23 @@ void TryQuery(const Ref<ITable>& table, const Ref<IQueryFilter>& filter) {
 }  // namespace
 
 void brelmon_ModQueryDialog::WireEngine() {
-  const auto guarded = [this](CommandButton& button, TextView procedure, TextView optionName) {
-    button.Click = [this, procedure, optionName] {
-      Guard::Top(procedure, [&] { ModQueryDoSelection(Text(optionName)); });
+  const auto guarded = [this](CommandButton& button, TextView procedure, SetOperation operation) {
+    button.Click = [this, procedure, operation] {
+      Guard::Top(procedure, [&] { ModQueryDoSelection(operation); });
     };
   };
-  guarded(cmdNewSet, u"cmdNewSet_Click", u"New");
-  guarded(cmdAddToSet, u"cmdAddToSet_Click", u"Add");
-  guarded(cmdSubtractFromSet, u"cmdSubtractFromSet_Click", u"Subtract");
-  guarded(cmdSelFromSet, u"cmdSelFromSet_Click", u"Select From");
-  guarded(cmdClear, u"cmdClear_Click", u"Clear");
+  guarded(cmdNewSet, u"cmdNewSet_Click", SetOperation::New);
+  guarded(cmdAddToSet, u"cmdAddToSet_Click", SetOperation::Add);
+  guarded(cmdSubtractFromSet, u"cmdSubtractFromSet_Click", SetOperation::Subtract);
+  guarded(cmdSelFromSet, u"cmdSelFromSet_Click", SetOperation::SelectFrom);
+  guarded(cmdClear, u"cmdClear_Click", SetOperation::Clear);
   optFiltered.Click = [this] { optFiltered_Click(); };
   optSelected.Click = [this] { Guard::Top(u"optSelected_Click", [&] { optFiltered_Click(); }); };
   cmdVerify.Click = [this] { cmdVerify_Click(); };
   cmdSwitchSel.Click = [this] { cmdSwitchSel_Click(); };
 }
 
-void brelmon_ModQueryDialog::ModQueryDoSelection(const Text& optionName) {
+void brelmon_ModQueryDialog::ModQueryDoSelection(SetOperation operation) {
   const auto refused = [] {
     MsgBox(u"Query didn't work!  Please check to make sure the query is formatted correctly...",
            box::kCritical, u"Syntax Error:");
@@ -55,21 +56,21 @@ void brelmon_ModQueryDialog::ModQueryDoSelection(const Text& optionName) {
     Ref<IFeatureSelection> selection;
     if (item.Offers<IFeatureLayer>()) selection = item.As<IFeatureSelection>();
     const auto definition = item.As<ITableDefinition>();
-    const bool clearing = optionName == u"Clear";
+    const bool clearing = operation == SetOperation::Clear;
     if (!clearing) TryQuery(table, filter);
 
-    const auto operation = ComposeOperation(optionName, query, definition->DefinitionExpression());
+    const auto composed = ComposeOperation(operation, query, definition->DefinitionExpression());
     if (clearing) filter.Reset();
     view->PartialRefresh(DrawPhase::GeoSelection, {}, {});
     if (onSelection) {
       if (clearing) {
         selection->Clear();
       } else {
-        selection->SelectFeatures(filter, operation.Method, false);
+        selection->SelectFeatures(filter, composed.Method, false);
       }
       selection->SelectionChanged();
     } else {
-      definition->SetDefinitionExpression(operation.Definition);
+      definition->SetDefinitionExpression(composed.Definition);
     }
     ShowDefinition(definition->DefinitionExpression());
     view->PartialRefresh(DrawPhase::GeographyAndSelection, item, {});
@@ -100,7 +101,7 @@ void brelmon_ModQueryDialog::cmdVerify_Click() {
   };
   Guard::TopUnless(failure::kRefused, refused, u"cmdVerify_Click", [&] {
     TryQuery(TableOf(ChosenItem()), FilterOf(txtQuery.Text()));
-    MsgBox(u"Query appears to be formatted correctly...", box::kOk, u"Query Verified:");
+    MsgBox(u"Query appears to be formatted correctly...", box::kOk, Text(kVerifiedTitle));
   });
 }
 

@@ -2,6 +2,7 @@
 // The query dialog's lists: fields of the chosen layer, values of the chosen field, the count.
 #include "frame/guard.h"
 #include "platform/number.h"
+#include "platform/services.h"
 #include "selection/brelmon_modquerydialog.h"
 #include "selection/mapitem.h"
 #include "util/QuickSortNonCase.h"
@@ -100,7 +101,7 @@ void brelmon_ModQueryDialog::ListFields(const Ref<IObject>& item, const Text& op
     const auto field = fields->Field(i);
     const auto info = fields->FieldInfo(i);
     if (field->Type() > FieldType::OID || !info->Visible()) continue;
-    lbxFields.AddItem(info->Alias());
+    lbxFields.AddItem(info->Alias(), i);
     At(fieldTokens, row++) = openMark + field->Name() + closeMark;
   }
 }

@@ -4,16 +4,23 @@
 
 namespace brelmon {
 
-QueryOperation ComposeOperation(const Text& optionName, const Text& query,
+QueryOperation ComposeOperation(SetOperation operation, const Text& query,
                                 const Text& oldDefinition) {
   const Text old = u"(" + oldDefinition + u")";
   const Text added = u"(" + query + u")";
-  if (optionName == u"Add") {
-    return {SelectionMethod::Add, oldDefinition.empty() ? query : old + u" OR " + added};
+  switch (operation) {
+    case SetOperation::New:
+      return {SelectionMethod::New, query};
+    case SetOperation::Add:
+      return {SelectionMethod::Add, oldDefinition.empty() ? query : old + u" OR " + added};
+    case SetOperation::Subtract:
+      return {SelectionMethod::Subtract, old + u" AND " + added};
+    case SetOperation::SelectFrom:
+      return {SelectionMethod::And, old + u" AND NOT " + added};
+    case SetOperation::Clear:
+      break;
   }
-  if (optionName == u"Subtract") return {SelectionMethod::Subtract, old + u" AND " + added};
-  if (optionName == u"Select From") return {SelectionMethod::And, old + u" AND NOT " + added};
-  return {SelectionMethod::New, optionName == u"New" ? query : Text()};
+  return {SelectionMethod::New, {}};
 }
 
 }  // namespace brelmon

@@ -6,16 +6,20 @@
 
 namespace brelmon {
 
+enum class SetOperation { New, Add, Subtract, SelectFrom, Clear };
+
+/// Title of the box that tells of a query which the source took.
+inline constexpr TextView kVerifiedTitle = u"Query Verified:";
+
 /// What one set button does: to a selection by method, to a filter by text.
 struct QueryOperation {
   SelectionMethod Method;
   Text Definition;
 };
 
-/// `optionName` is "New", "Add", "Subtract", "Select From" or "Clear". On a filter, "Subtract"
-/// keeps the rows that match and "Select From" removes them, the reverse of what both do to a
-/// selection.
-QueryOperation ComposeOperation(const Text& optionName, const Text& query,
+/// On a filter, Subtract keeps the rows that match and SelectFrom removes them, the reverse of what
+/// both do to a selection.
+QueryOperation ComposeOperation(SetOperation operation, const Text& query,
                                 const Text& oldDefinition);
 
 }  // namespace brelmon

@@ -6,6 +6,7 @@
 #include "frame/guard.h"
 #include "platform/map.h"
 #include "platform/number.h"
+#include "platform/services.h"
 #include "util/aml_func_mod.h"
 
 namespace brelmon {
@@ -159,7 +160,7 @@ void brelmon_ThemeIDDialog::ListNumericFields(const Ref<IObject>& item) {
   for (std::int32_t i = 0; i < count; ++i) {
     const auto info = fields->FieldInfo(i);
     if (!FieldIsNumeric(fields->Field(i)) || !info->Visible()) continue;
-    lbxField.AddItem(info->Alias());
+    lbxField.AddItem(info->Alias(), i);
     At(fieldMap_, ++last) = {info->Alias(), i};
   }
   if (last > 0) fieldMap_.resize(static_cast<std::size_t>(last) + 1);

@@ -3,6 +3,7 @@
 #include "statistics/frmReport.h"
 
 #include "frame/guard.h"
+#include "platform/services.h"
 
 namespace brelmon {
 namespace {

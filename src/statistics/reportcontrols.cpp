@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "forms/pictures.h"
+#include "platform/services.h"
 
 namespace brelmon {
 namespace {

@@ -4,6 +4,7 @@
 
 #include "forms/pictures.h"
 #include "frame/guard.h"
+#include "platform/services.h"
 
 namespace brelmon {
 

@@ -1,25 +1,14 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // The Summarize dialog's fields and their tree of statistics, its count and its tools.
-#include <span>
-
 #include "frame/guard.h"
 #include "layertools/tablewindows.h"
 #include "platform/number.h"
+#include "platform/services.h"
 #include "selection/mapitem.h"
 #include "summarize/frm_Brelmon_Summarize.h"
 #include "util/aml_func_mod.h"
 
 namespace brelmon {
-namespace {
-
-enum TreeImage : std::int32_t { kClear = 1, kTicked = 2, kString = 3, kNumber = 4, kDate = 6 };
-
-constexpr TextView kNumericStatistics[] = {
-    u"Minimum", u"Maximum", u"Average", u"Sum", u"Standard Deviation", u"Variance"};
-constexpr TextView kOtherStatistics[] = {u"First", u"Last"};
-
-}  // namespace
-
 std::int32_t frm_Brelmon_Summarize::ChosenField() {
   return At(fieldIndices, cbxFieldName.ListIndex());
 }
@@ -36,7 +25,7 @@ void frm_Brelmon_Summarize::cbxLayer_Click() {
     for (std::int32_t i = 0; i < count; ++i) {
       const auto info = Field_Array->FieldInfo(i);
       if (Field_Array->Field(i)->Type() > FieldType::Date || !info->Visible()) continue;
-      cbxFieldName.AddItem(info->Alias());
+      cbxFieldName.AddItem(info->Alias(), i);
       At(fieldIndices, row++) = i;
     }
     cbxFieldName.SetListIndex(0);
@@ -79,13 +68,15 @@ void frm_Brelmon_Summarize::AddFieldNode(std::int32_t position, FieldType type, 
   const bool numeric = type < FieldType::String;
   const Text key = u"key_" + GeneralText(position);
   const TreeImage image = numeric ? kNumber : type == FieldType::String ? kString : kDate;
-  treeFields.AddNode({}, key, alias, image).Tag = u"Field";
-  const auto statistics = numeric ? std::span<const TextView>(kNumericStatistics)
-                                  : std::span<const TextView>(kOtherStatistics);
+  Node& field = treeFields.AddNode({}, key, alias, image);
+  field.Tag = u"Field";
+  field.Data = position;
   std::int32_t index = 0;
-  for (const TextView statistic : statistics) {
-    treeFields.AddNode(key, key + u"_" + GeneralText(index++), Text(statistic), kClear).Tag =
-        u"Stat";
+  for (const StatisticWords& words : StatisticsOf(numeric)) {
+    Node& node =
+        treeFields.AddNode(key, key + u"_" + GeneralText(index++), Text(words.Caption), kClear);
+    node.Tag = u"Stat";
+    node.Data = static_cast<std::int32_t>(words.Is);
   }
 }
 
@@ -106,8 +97,8 @@ std::vector<SummaryTerm> frm_Brelmon_Summarize::TickedTerms() {
   for (std::int32_t i = 1; i <= treeFields.NodeCount(); ++i) {
     const Node& node = treeFields.NodeAt(i);
     if (node.Image() != kTicked) continue;
-    const Text position = node.Parent()->Key().substr(4);  // behind "key_"
-    terms.push_back({node.Caption(), Field_Array->Field(ToLong(position))->Name()});
+    terms.push_back(
+        {static_cast<Statistic>(node.Data), Field_Array->Field(node.Parent()->Data)->Name()});
   }
   return terms;
 }

@@ -2,6 +2,7 @@
 // Where the summary table goes, and the run that makes it.
 #include "frame/guard.h"
 #include "layertools/tablewindows.h"
+#include "platform/services.h"
 #include "platform/windows.h"
 #include "selection/mapitem.h"
 #include "summarize/frm_Brelmon_Summarize.h"

@@ -2,32 +2,34 @@
 // Words of the terms, and how they are joined.
 #include "summarize/summarystring.h"
 
-#include "platform/failure.h"
 #include "util/aml_func_mod.h"
 
 namespace brelmon {
 namespace {
 
-TextView WordOf(const Text& statistic) {
-  static constexpr struct {
-    TextView Statistic, Word;
-  } kWords[] = {
-      {u"Minimum", u"Minimum"}, {u"Maximum", u"Maximum"},   {u"Average", u"Average"},
-      {u"Sum", u"Sum"},         {u"Variance", u"Variance"}, {u"Standard Deviation", u"StdDev"},
-      {u"First", u"Minimum"},   {u"Last", u"Maximum"},
-  };
-  for (const auto& each : kWords) {
-    if (statistic == each.Statistic) return each.Word;
-  }
-  Raise(failure::kInvalidCall);
-}
+constexpr std::size_t kNumeric = 6;
+constexpr StatisticWords kWords[] = {
+    {Statistic::Minimum, u"Minimum", u"Minimum"},
+    {Statistic::Maximum, u"Maximum", u"Maximum"},
+    {Statistic::Average, u"Average", u"Average"},
+    {Statistic::Sum, u"Sum", u"Sum"},
+    {Statistic::StandardDeviation, u"Standard Deviation", u"StdDev"},
+    {Statistic::Variance, u"Variance", u"Variance"},
+    {Statistic::First, u"First", u"Minimum"},
+    {Statistic::Last, u"Last", u"Maximum"},
+};
 
 }  // namespace
+
+std::span<const StatisticWords> StatisticsOf(bool numeric) {
+  const std::span all(kWords);
+  return numeric ? all.first(kNumeric) : all.subspan(kNumeric);
+}
 
 Text SummaryString(const Text& field, const std::vector<SummaryTerm>& terms) {
   Text summary = u"Minimum." + field + u", Count." + field + u", ";
   for (const SummaryTerm& term : terms) {
-    summary += Text(WordOf(term.Statistic)) + u"." + term.Field + u", ";
+    summary += Text(kWords[static_cast<std::size_t>(term.Is)].Word) + u"." + term.Field + u", ";
   }
   return BasicTrimAvenue(summary, {}, u", ");
 }

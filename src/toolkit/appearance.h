@@ -40,5 +40,6 @@ struct PictureData {
   Text Description;  // for who can't see it
 };
 using Picture = std::shared_ptr<const PictureData>;
+inline Text WordsOf(const Picture& picture) { return picture ? picture->Description : Text(); }
 
 }  // namespace brelmon

@@ -5,11 +5,6 @@
 
 namespace brelmon {
 
-bool CommandButton::Default() {
-  Touch();
-  return default_;
-}
-
 void CommandButton::SetRole(bool CommandButton::*role, bool on) {
   Touch();
   for (Control* control : Owner().Controls()) {
@@ -22,17 +17,7 @@ void CommandButton::SetRole(bool CommandButton::*role, bool on) {
 
 void CommandButton::SetDefault(bool isDefault) { SetRole(&CommandButton::default_, isDefault); }
 
-bool CommandButton::Cancel() {
-  Touch();
-  return cancel_;
-}
-
 void CommandButton::SetCancel(bool isCancel) { SetRole(&CommandButton::cancel_, isCancel); }
-
-const brelmon::Picture& CommandButton::Picture() {
-  Touch();
-  return picture_;
-}
 
 void CommandButton::SetPicture(const brelmon::Picture& picture) {
   Assign(picture_, picture, Aspect::Look);
@@ -55,11 +40,6 @@ Text CommandButton::DumpOwn() {
   if (default_) own += u" default";
   if (cancel_) own += u" cancel";
   return own + dump::PictureText(picture_);
-}
-
-bool OptionButton::Value() {
-  Touch();
-  return value_;
 }
 
 void OptionButton::SetValue(bool value) {
@@ -89,11 +69,6 @@ void OptionButton::ResetDesign() {
 }
 
 Text OptionButton::DumpOwn() { return value_ ? u" on" : u" off"; }
-
-int CheckBox::Value() {
-  Touch();
-  return value_;
-}
 
 void CheckBox::SetValue(int value) {
   if (value < 0 || value > 2) Raise(failure::kInvalidPropertyValue);

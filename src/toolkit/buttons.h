@@ -12,12 +12,12 @@ class CommandButton : public Control {
       : Control(owner, ControlKind::CommandButton, std::move(name)) {}
   std::function<void()> Click;
   /// Enter and Escape of the form; one button of a form at a time has each.
-  bool Default();
+  bool Default() { return Loaded(default_); }
   void SetDefault(bool isDefault);
-  bool Cancel();
+  bool Cancel() { return Loaded(cancel_); }
   void SetCancel(bool isCancel);
   /// Shown in place of a caption.
-  const brelmon::Picture& Picture();
+  const brelmon::Picture& Picture() { return Loaded(picture_); }
   void SetPicture(const brelmon::Picture& picture);
   /// Takes the focus, then clicks.
   void UserClick();
@@ -25,6 +25,7 @@ class CommandButton : public Control {
  protected:
   void ResetDesign() override;
   Text DumpOwn() override;
+  Text PictureWords() const override { return WordsOf(picture_); }
 
  private:
   void SetRole(bool CommandButton::*role, bool on);
@@ -38,7 +39,7 @@ class OptionButton : public Control {
   OptionButton(Form& owner, Text name)
       : Control(owner, ControlKind::OptionButton, std::move(name)) {}
   std::function<void()> Click;
-  bool Value();
+  bool Value() { return Loaded(value_); }
   /// True switches the neighbours off, which run nothing, and clicks; false runs nothing.
   void SetValue(bool value);
   /// Chooses it; nothing runs for an option that is on already.
@@ -57,7 +58,7 @@ class CheckBox : public Control {
   CheckBox(Form& owner, Text name) : Control(owner, ControlKind::CheckBox, std::move(name)) {}
   std::function<void()> Click;
   /// 0 clear, 1 ticked, 2 greyed; anything else fails with 380.
-  int Value();
+  int Value() { return Loaded(value_); }
   void SetValue(int value);
   void UserClick();  // ticked becomes clear, anything else ticked
 

@@ -8,42 +8,32 @@
 
 namespace brelmon {
 
-bool ComboBox::ListOnly() {
-  Touch();
-  return listOnly_;
-}
-
 void ComboBox::SetListOnly(bool listOnly) { Assign(listOnly_, listOnly, Aspect::State); }
 
-void ComboBox::AddItem(const brelmon::Text& text) {
+void ComboBox::AddItem(const brelmon::Text& text, std::int32_t data) {
   Touch();
   rows_.push_back(text);
+  data_.push_back(data);
   Changed(Aspect::Items);
 }
 
 void ComboBox::Clear() {
   Touch();
   rows_.clear();
+  data_.clear();
   index_ = -1;
   text_.clear();
   Changed(Aspect::Items);
 }
 
-std::int32_t ComboBox::ListCount() {
-  Touch();
-  return static_cast<std::int32_t>(rows_.size());
-}
-
-brelmon::Text ComboBox::List(std::int32_t row) {
-  Touch();
+std::size_t ComboBox::CheckedRow(std::int32_t row) {
   if (row < 0 || row >= ListCount()) Raise(failure::kInvalidPropertyValue);
-  return rows_[static_cast<std::size_t>(row)];
+  return static_cast<std::size_t>(row);
 }
 
-std::int32_t ComboBox::ListIndex() {
-  Touch();
-  return index_;
-}
+brelmon::Text ComboBox::List(std::int32_t row) { return rows_[CheckedRow(row)]; }
+
+std::int32_t ComboBox::ItemData(std::int32_t row) { return data_[CheckedRow(row)]; }
 
 std::int32_t ComboBox::RowOf(const brelmon::Text& text) const {
   const auto hit = std::find(rows_.begin(), rows_.end(), text);
@@ -70,11 +60,6 @@ void ComboBox::SetListIndex(std::int32_t row) {
   if (row != index_) Choose(row);
 }
 
-brelmon::Text ComboBox::Text() {
-  Touch();
-  return text_;
-}
-
 void ComboBox::SetText(const brelmon::Text& text) {
   Touch();
   if (!listOnly_) return Enter(text);
@@ -99,6 +84,7 @@ void ComboBox::UserType(const brelmon::Text& text) {
 void ComboBox::ResetDesign() {
   Control::ResetDesign();
   rows_ = {};
+  data_ = {};
   index_ = -1;
   text_.clear();
   listOnly_ = false;

@@ -13,17 +13,19 @@ class ComboBox : public Control {
  public:
   ComboBox(Form& owner, Text name) : Control(owner, ControlKind::ComboBox, std::move(name)) {}
   std::function<void()> Click, Change;
-  bool ListOnly();
+  bool ListOnly() { return Loaded(listOnly_); }
   void SetListOnly(bool listOnly);
-  void AddItem(const brelmon::Text& text);
+  /// `data` is what whoever fills the list keeps with the row.
+  void AddItem(const brelmon::Text& text, std::int32_t data = 0);
   void Clear();  // no rows, no text; runs nothing
-  std::int32_t ListCount();
+  std::int32_t ListCount() { return static_cast<std::int32_t>(Loaded(rows_).size()); }
   /// Row from 0; out of bounds fails with 380.
   brelmon::Text List(std::int32_t row);
-  std::int32_t ListIndex();  // -1 for none
+  std::int32_t ItemData(std::int32_t row);
+  std::int32_t ListIndex() { return Loaded(index_); }  // -1 for none
   /// -1 empties the text and runs nothing.
   void SetListIndex(std::int32_t row);
-  brelmon::Text Text();
+  brelmon::Text Text() { return Loaded(text_); }
   /// Chooses the row of exactly that text, if there is one, and runs Change. A list only takes
   /// nothing but a row's text, else fails with 380, and runs Click.
   void SetText(const brelmon::Text& text);
@@ -36,10 +38,12 @@ class ComboBox : public Control {
   brelmon::Text DumpOwn() override;
 
  private:
+  std::size_t CheckedRow(std::int32_t row);
   std::int32_t RowOf(const brelmon::Text& text) const;  // -1 for none
   void Choose(std::int32_t row);
   void Enter(const brelmon::Text& text);
   std::vector<brelmon::Text> rows_;
+  std::vector<std::int32_t> data_;
   std::int32_t index_ = -1;
   brelmon::Text text_;
   bool listOnly_ = false;

@@ -2,7 +2,6 @@
 // What all controls share: properties, focus, accessible names.
 #include "toolkit/control.h"
 
-#include "toolkit/controls.h"
 #include "toolkit/form.h"
 
 namespace brelmon {
@@ -25,17 +24,6 @@ Text Spoken(const Text& caption) {
   return Trim(spoken);
 }
 
-/// What the picture on a control tells who can't see it.
-Text PictureWords(Control& control) {
-  Picture picture;
-  if (control.Kind() == ControlKind::CommandButton) {
-    picture = static_cast<CommandButton&>(control).Picture();
-  } else if (control.Kind() == ControlKind::PictureBox) {
-    picture = static_cast<PictureBox&>(control).Picture();
-  }
-  return picture ? picture->Description : Text();
-}
-
 }  // namespace
 
 Control::Control(Form& owner, ControlKind kind, Text name)
@@ -55,30 +43,7 @@ void Control::Fire(const std::function<void()>& event) {
   event();
 }
 
-void Control::ResetDesign() {
-  at_ = Properties{};
-  at_.tabIndex = constructed_;
-}
-
-Twips Control::Left() {
-  Touch();
-  return at_.left;
-}
-
-Twips Control::Top() {
-  Touch();
-  return at_.top;
-}
-
-Twips Control::Width() {
-  Touch();
-  return at_.width;
-}
-
-Twips Control::Height() {
-  Touch();
-  return at_.height;
-}
+void Control::ResetDesign() { at_ = Properties{}; }
 
 void Control::SetLeft(Twips left) { Assign(at_.left, left, Aspect::Geometry); }
 
@@ -111,11 +76,6 @@ brelmon::Container& Control::Container() {
   return owner_;
 }
 
-Control* Control::ContainerControl() {
-  Touch();
-  return at_.container;
-}
-
 void Control::SetContainer(Control& frame) {
   if (frame.kind_ != ControlKind::Frame || &frame.owner_ != &owner_) {
     Raise(failure::kInvalidPropertyValue);
@@ -126,24 +86,9 @@ void Control::SetContainer(Control& frame) {
   Assign(at_.container, &frame, Aspect::Geometry);
 }
 
-Text Control::Caption() {
-  Touch();
-  return at_.caption;
-}
-
 void Control::SetCaption(const Text& caption) { Assign(at_.caption, caption, Aspect::Caption); }
 
-bool Control::Enabled() {
-  Touch();
-  return at_.enabled;
-}
-
 void Control::SetEnabled(bool enabled) { Assign(at_.enabled, enabled, Aspect::State); }
-
-bool Control::Visible() {
-  Touch();
-  return at_.visible;
-}
 
 void Control::SetVisible(bool visible) { Assign(at_.visible, visible, Aspect::State); }
 
@@ -155,60 +100,18 @@ bool Control::Usable() {
   return true;
 }
 
-Text Control::ToolTipText() {
-  Touch();
-  return at_.tip;
-}
-
 void Control::SetToolTipText(const Text& tip) { Assign(at_.tip, tip, Aspect::Look); }
-
-Colour Control::ForeColor() {
-  Touch();
-  return at_.foreColor;
-}
 
 void Control::SetForeColor(Colour colour) { Assign(at_.foreColor, colour, Aspect::Look); }
 
-Colour Control::BackColor() {
-  Touch();
-  return at_.backColor;
-}
-
 void Control::SetBackColor(Colour colour) { Assign(at_.backColor, colour, Aspect::Look); }
 
-brelmon::Font Control::Font() {
-  Touch();
-  return at_.font;
-}
-
 void Control::SetFont(const brelmon::Font& font) { Assign(at_.font, font, Aspect::Look); }
-
-Pointer Control::MousePointer() {
-  Touch();
-  return at_.pointer;
-}
-
-const Picture& Control::MouseIcon() {
-  Touch();
-  return at_.mouseIcon;
-}
 
 void Control::SetMouseIcon(const Picture& cursor) {
   Touch();
   at_.pointer = cursor ? Pointer::Custom : Pointer::Default;
   Assign(at_.mouseIcon, cursor, Aspect::Look);
-}
-
-int Control::TabIndex() {
-  Touch();
-  return at_.tabIndex;
-}
-
-void Control::SetTabIndex(int index) { Assign(at_.tabIndex, index, Aspect::State); }
-
-bool Control::TabStop() {
-  Touch();
-  return at_.tabStop;
 }
 
 void Control::SetTabStop(bool stop) { Assign(at_.tabStop, stop, Aspect::State); }
@@ -236,7 +139,7 @@ Text Control::AccessibleName() {
   }
   if (Text spoken = Spoken(at_.caption); !spoken.empty()) return spoken;
   if (Text spoken = Spoken(at_.tip); !spoken.empty()) return spoken;
-  if (Text spoken = PictureWords(*this); !spoken.empty()) return spoken;
+  if (Text spoken = PictureWords(); !spoken.empty()) return spoken;
   const bool stops = at_.tabStop && kind_ != ControlKind::Frame;
   return stops ? name_ : Text();  // nobody wants to hear of a bare border
 }

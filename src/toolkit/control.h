@@ -4,7 +4,8 @@
 
 #include <functional>
 
-#include "platform/services.h"
+#include "platform/failure.h"
+#include "platform/pointer.h"
 #include "toolkit/appearance.h"
 
 namespace brelmon {
@@ -49,10 +50,10 @@ class Control {
   const Text& Name() const { return name_; }
   Form& Owner() const { return owner_; }
 
-  Twips Left();
-  Twips Top();
-  Twips Width();
-  Twips Height();
+  Twips Left() { return Loaded(at_.left); }
+  Twips Top() { return Loaded(at_.top); }
+  Twips Width() { return Loaded(at_.width); }
+  Twips Height() { return Loaded(at_.height); }
   void SetLeft(Twips left);
   void SetTop(Twips top);
   /// A negative size fails with 380 and changes nothing.
@@ -63,37 +64,35 @@ class Control {
   /// The frame it stands in, or the form.
   brelmon::Container& Container();
   /// For views: the frame, or null for the form.
-  Control* ContainerControl();
+  Control* ContainerControl() { return Loaded(at_.container); }
   void SetContainer(Control& frame);
 
   /// Text of its own with '&' before the accelerator, empty for kinds without one.
-  Text Caption();
+  Text Caption() { return Loaded(at_.caption); }
   void SetCaption(const Text& caption);
 
-  bool Enabled();
+  bool Enabled() { return Loaded(at_.enabled); }
   void SetEnabled(bool enabled);
-  bool Visible();
+  bool Visible() { return Loaded(at_.visible); }
   void SetVisible(bool visible);
   /// Enabled and visible itself and through its frame: what a user can use.
   bool Usable();
-  Text ToolTipText();
+  Text ToolTipText() { return Loaded(at_.tip); }
   void SetToolTipText(const Text& tip);
 
-  Colour ForeColor();
+  Colour ForeColor() { return Loaded(at_.foreColor); }
   void SetForeColor(Colour colour);
-  Colour BackColor();
+  Colour BackColor() { return Loaded(at_.backColor); }
   void SetBackColor(Colour colour);
-  brelmon::Font Font();
+  brelmon::Font Font() { return Loaded(at_.font); }
   void SetFont(const brelmon::Font& font);
-  Pointer MousePointer();
-  const Picture& MouseIcon();
+  Pointer MousePointer() { return Loaded(at_.pointer); }
+  const Picture& MouseIcon() { return Loaded(at_.mouseIcon); }
   void SetMouseIcon(const Picture& cursor);  // and the custom pointer
 
-  /// Place in the tab order: order of construction unless set. Frames, and labels and pictures
+  /// Place in the tab order, which is the order of construction. Frames, and labels and pictures
   /// without a click, are no tab stops.
-  int TabIndex();
-  void SetTabIndex(int index);
-  bool TabStop();
+  int TabIndex() const { return tabIndex_; }
   void SetTabStop(bool stop);
   /// Moves the focus here; a control that can't take it fails with 5.
   void SetFocus();
@@ -111,6 +110,12 @@ class Control {
  protected:
   /// Loads the form if it isn't.
   void Touch();
+  /// What a getter gives.
+  template <class T>
+  const T& Loaded(const T& field) {
+    Touch();
+    return field;
+  }
   void Changed(Aspect aspect);
   /// Runs an event if one is wired and the form isn't just being designed. The form lives through
   /// it if it is held by a Ref, but it may be unloaded afterwards.
@@ -133,6 +138,8 @@ class Control {
   /// Back to what it was before its form was designed. Overriders call the base first.
   virtual void ResetDesign();
   virtual Text DumpOwn() { return {}; }
+  /// What a picture on it tells who can't see it.
+  virtual Text PictureWords() const { return {}; }
 
  private:
   friend class Form;
@@ -144,7 +151,6 @@ class Control {
     Twips left = 0, top = 0, width = 0, height = 0;
     Text caption, tip;
     bool enabled = true, visible = true, tabStop = true;
-    int tabIndex = 0;
     Colour foreColor = colour::kDefault, backColor = colour::kDefault;
     brelmon::Font font;
     Pointer pointer = Pointer::Default;
@@ -152,7 +158,7 @@ class Control {
     Control* container = nullptr;
     Control* label = nullptr;
   } at_;
-  int constructed_ = 0;
+  int tabIndex_ = 0;
 };
 
 }  // namespace brelmon

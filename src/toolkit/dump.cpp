@@ -106,7 +106,6 @@ Text Control::Dump() {
   if (!at_.caption.empty()) line += u" " + dump::Quoted(at_.caption);
   line += Flag(!at_.enabled, u"disabled") + Flag(!at_.visible, u"hidden") +
           Flag(owner_.Focused() == this, u"focus") + Flag(!at_.tabStop, u"no-tab");
-  if (at_.tabIndex != constructed_) line += u" tab=" + dump::Number(at_.tabIndex);
   if (!at_.tip.empty()) line += u" tip=" + dump::Quoted(at_.tip);
   if (at_.label) line += u" for=" + dump::Quoted(at_.label->Name());
   if (at_.foreColor != colour::kDefault) line += u" fore=" + dump::ColourText(at_.foreColor);

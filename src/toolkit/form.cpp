@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "platform/services.h"
 #include "toolkit/buttons.h"
 #include "toolkit/formhost.h"
 
@@ -31,8 +32,7 @@ Form::Form(Text name) : name_(std::move(name)) {}
 Form::~Form() = default;
 
 void Form::Adopt(Control& control) {
-  control.constructed_ = static_cast<int>(controls_.size());
-  control.at_.tabIndex = control.constructed_;
+  control.tabIndex_ = static_cast<int>(controls_.size());
   controls_.push_back(&control);
 }
 
@@ -111,35 +111,10 @@ void Form::Design(const Text& caption, Twips width, Twips height, bool sizable) 
   sizable_ = sizable;
 }
 
-Text Form::Caption() {
-  EnsureLoaded();
-  return caption_;
-}
-
 void Form::SetCaption(const Text& caption) {
   EnsureLoaded();
   caption_ = caption;
   if (view_) view_->FormChanged();
-}
-
-Twips Form::Width() {
-  EnsureLoaded();
-  return width_;
-}
-
-Twips Form::Height() {
-  EnsureLoaded();
-  return height_;
-}
-
-bool Form::Sizable() {
-  EnsureLoaded();
-  return sizable_;
-}
-
-Colour Form::BackColor() {
-  EnsureLoaded();
-  return backColor_;
 }
 
 void Form::SetBackColor(Colour colour) {
@@ -230,9 +205,6 @@ std::vector<Control*> Form::TabOrder() {
     if (control->at_.tabStop && control->TakesFocus() && control->Usable())
       order.push_back(control);
   }
-  std::stable_sort(order.begin(), order.end(), [](const Control* left, const Control* right) {
-    return left->at_.tabIndex < right->at_.tabIndex;
-  });
   // A group of options is one stop: the option that is on, else the first.
   std::vector<Control*> stops;
   for (Control* control : order) {
@@ -274,7 +246,7 @@ void Form::ControlChanged(Control& control, Aspect aspect) {
   // Nobody can work on with a control that went away: on to the next stop.
   const auto order = TabOrder();
   const auto next = std::find_if(order.begin(), order.end(), [this](const Control* stop) {
-    return stop->at_.tabIndex > focused_->at_.tabIndex;
+    return stop->tabIndex_ > focused_->tabIndex_;
   });
   MoveFocus(next != order.end() ? *next : order.empty() ? nullptr : order.front());
 }

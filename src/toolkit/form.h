@@ -6,6 +6,7 @@
 #include <memory>
 #include <vector>
 
+#include "platform/object.h"
 #include "toolkit/control.h"
 
 namespace brelmon {
@@ -37,17 +38,17 @@ class Form : public virtual IObject, public Container, public std::enable_shared
   State LoadState() const { return state_; }
   void EnsureLoaded();
 
-  Text Caption();
+  Text Caption() { return Loaded(caption_); }
   void SetCaption(const Text& caption);
-  Twips Width();
-  Twips Height();
+  Twips Width() { return Loaded(width_); }
+  Twips Height() { return Loaded(height_); }
   Twips ContainerWidth() override { return Width(); }
   Twips ContainerHeight() override { return Height(); }
   /// Client size. Once loaded, runs Form_Resize and the listeners.
   void Resize(Twips width, Twips height);
-  bool Sizable();
+  bool Sizable() { return Loaded(sizable_); }
   /// Colour of the form's own ground; controls with a default colour stand on it.
-  Colour BackColor();
+  Colour BackColor() { return Loaded(backColor_); }
   void SetBackColor(Colour colour);
 
   /// Shows through the host and returns when the form has hidden or unloaded itself. A form that
@@ -114,6 +115,11 @@ class Form : public virtual IObject, public Container, public std::enable_shared
   /// Runs one of the form's own events; false if the form was unloaded by it.
   template <class Event>
   bool Run(Event event);
+  template <class T>
+  const T& Loaded(const T& field) {
+    EnsureLoaded();
+    return field;
+  }
   void DropState();
   void FocusFirst();
   CommandButton* UsableButton(bool (CommandButton::*role)());

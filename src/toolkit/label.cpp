@@ -13,11 +13,6 @@ void Label::UserMouseMove() {
   if (Usable()) Fire(MouseMove);
 }
 
-const brelmon::Picture& PictureBox::Picture() {
-  Touch();
-  return picture_;
-}
-
 void PictureBox::SetPicture(const brelmon::Picture& picture) {
   Assign(picture_, picture, Aspect::Look);
 }

@@ -31,7 +31,7 @@ class PictureBox : public Control {
  public:
   PictureBox(Form& owner, Text name) : Control(owner, ControlKind::PictureBox, std::move(name)) {}
   std::function<void()> Click;
-  const brelmon::Picture& Picture();
+  const brelmon::Picture& Picture() { return Loaded(picture_); }
   void SetPicture(const brelmon::Picture& picture);
   void UserClick();
 
@@ -39,6 +39,7 @@ class PictureBox : public Control {
   bool TakesFocus() const override { return Click != nullptr; }
   void ResetDesign() override;
   Text DumpOwn() override;
+  Text PictureWords() const override { return WordsOf(picture_); }
 
  private:
   brelmon::Picture picture_;

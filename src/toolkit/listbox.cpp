@@ -8,11 +8,6 @@
 
 namespace brelmon {
 
-ListBox::Select ListBox::MultiSelect() {
-  Touch();
-  return select_;
-}
-
 void ListBox::SetMultiSelect(Select select) {
   Touch();
   if (select == select_) return;
@@ -22,9 +17,10 @@ void ListBox::SetMultiSelect(Select select) {
   Changed(Aspect::Items);
 }
 
-void ListBox::AddItem(brelmon::Text text) {
+void ListBox::AddItem(brelmon::Text text, std::int32_t data) {
   Touch();
   rows_.push_back(std::move(text));
+  data_.push_back(data);
   if (select_ == Select::Extended) selected_.push_back(false);
   Changed(Aspect::Items);
 }
@@ -32,14 +28,10 @@ void ListBox::AddItem(brelmon::Text text) {
 void ListBox::Clear() {
   Touch();
   rows_.clear();
+  data_.clear();
   selected_.clear();
   index_ = anchor_ = -1;
   Changed(Aspect::Items);
-}
-
-std::int32_t ListBox::ListCount() {
-  Touch();
-  return static_cast<std::int32_t>(rows_.size());
 }
 
 void ListBox::CheckRow(std::int32_t row, std::int32_t number) const {
@@ -52,11 +44,6 @@ brelmon::Text ListBox::List(std::int32_t row) {
   return rows_[static_cast<std::size_t>(row)];
 }
 
-std::int32_t ListBox::ListIndex() {
-  Touch();
-  return index_;
-}
-
 void ListBox::SetListIndex(std::int32_t row) {
   Touch();
   if (row != -1) CheckRow(row, failure::kInvalidPropertyValue);
@@ -66,18 +53,16 @@ void ListBox::SetListIndex(std::int32_t row) {
   if (row != -1) Fire(Click);
 }
 
+std::int32_t ListBox::ItemData(std::int32_t row) {
+  Touch();
+  CheckRow(row, failure::kInvalidPropertyValue);
+  return data_[static_cast<std::size_t>(row)];
+}
+
 bool ListBox::Selected(std::int32_t row) {
   Touch();
   CheckRow(row, failure::kSubscript);
   return select_ == Select::Single ? row == index_ : selected_[static_cast<std::size_t>(row)];
-}
-
-void ListBox::SetSelected(std::int32_t row, bool selected) {
-  if (Selected(row) == selected) return;
-  if (select_ == Select::Single) return SetListIndex(selected ? row : -1);
-  selected_[static_cast<std::size_t>(row)] = selected;
-  Changed(Aspect::Selection);
-  Fire(Click);
 }
 
 brelmon::Text ListBox::Text() {
@@ -129,6 +114,7 @@ void ListBox::UserDoubleClick(std::int32_t row) {
 void ListBox::ResetDesign() {
   Control::ResetDesign();
   rows_ = {};
+  data_ = {};
   selected_ = {};
   index_ = anchor_ = -1;
   select_ = Select::Single;

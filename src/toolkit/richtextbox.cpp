@@ -5,11 +5,6 @@
 
 namespace brelmon {
 
-const std::vector<RichTextBox::Run>& RichTextBox::Runs() {
-  Touch();
-  return runs_;
-}
-
 void RichTextBox::SetRuns(std::vector<Run> runs) {
   Touch();
   runs_ = std::move(runs);

@@ -18,7 +18,7 @@ class RichTextBox : public Control {
     brelmon::Font Font;
     Twips Indent = 0;
   };
-  const std::vector<Run>& Runs();
+  const std::vector<Run>& Runs() { return Loaded(runs_); }
   void SetRuns(std::vector<Run> runs);
   brelmon::Text PlainText();
 

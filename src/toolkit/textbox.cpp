@@ -32,24 +32,9 @@ void CheckNotNegative(std::int32_t number) {
 
 }  // namespace
 
-bool TextBox::MultiLine() {
-  Touch();
-  return multiLine_;
-}
-
 void TextBox::SetMultiLine(bool multiLine) { Assign(multiLine_, multiLine, Aspect::State); }
 
-bool TextBox::Locked() {
-  Touch();
-  return locked_;
-}
-
 void TextBox::SetLocked(bool locked) { Assign(locked_, locked, Aspect::State); }
-
-brelmon::Text TextBox::Text() {
-  Touch();
-  return text_;
-}
 
 void TextBox::Replace(const brelmon::Text& text, std::int32_t start, std::int32_t length) {
   const bool changed = text != text_;
@@ -67,20 +52,10 @@ void TextBox::SetText(const brelmon::Text& text) {
   if (text != text_) Replace(text, 0, 0);
 }
 
-std::int32_t TextBox::SelStart() {
-  Touch();
-  return start_;
-}
-
 void TextBox::SetSelStart(std::int32_t start) {
   CheckNotNegative(start);
   Touch();
   Replace(text_, std::min(start, Length(text_)), 0);
-}
-
-std::int32_t TextBox::SelLength() {
-  Touch();
-  return length_;
 }
 
 void TextBox::SetSelLength(std::int32_t length) {

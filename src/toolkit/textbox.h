@@ -10,20 +10,20 @@ class TextBox : public Control {
  public:
   TextBox(Form& owner, Text name) : Control(owner, ControlKind::TextBox, std::move(name)) {}
   std::function<void()> Change;
-  bool MultiLine();
+  bool MultiLine() { return Loaded(multiLine_); }
   void SetMultiLine(bool multiLine);  // with a vertical scroll bar
-  bool Locked();
+  bool Locked() { return Loaded(locked_); }
   void SetLocked(bool locked);
 
-  brelmon::Text Text();
+  brelmon::Text Text() { return Loaded(text_); }
   /// The caret goes to 0 with nothing selected; a text it already has runs nothing and moves
   /// nothing.
   void SetText(const brelmon::Text& text);
   /// Caret and selection in units from 0. Beyond the text they are cut to it; negative fails
   /// with 380. Setting SelStart selects nothing.
-  std::int32_t SelStart();
+  std::int32_t SelStart() { return Loaded(start_); }
   void SetSelStart(std::int32_t start);
-  std::int32_t SelLength();
+  std::int32_t SelLength() { return Loaded(length_); }
   void SetSelLength(std::int32_t length);
   brelmon::Text SelText();
   /// Replaces the selected text; the caret ends behind what was put in.

@@ -20,11 +20,6 @@ std::int32_t TreeView::CheckedImage(std::int32_t image) const {
   return image;
 }
 
-ImageList* TreeView::Images() {
-  Touch();
-  return images_;
-}
-
 void TreeView::SetImageList(ImageList* images) { Assign(images_, images, Aspect::Look); }
 
 Node& TreeView::AddNode(const Text& parentKey, const Text& key, const Text& text,
@@ -57,11 +52,6 @@ void TreeView::ClearNodes() {
   Changed(Aspect::Items);
 }
 
-std::int32_t TreeView::NodeCount() {
-  Touch();
-  return static_cast<std::int32_t>(nodes_.size());
-}
-
 Node& TreeView::NodeAt(std::int32_t position) {
   Touch();
   return *At(nodes_, position - 1);
@@ -72,16 +62,6 @@ Node& TreeView::NodeOf(const Text& key) {
   const auto hit = keys_.find(key);
   if (hit == keys_.end()) Raise(failure::kInvalidCall);
   return *hit->second;
-}
-
-const std::vector<Node*>& TreeView::Roots() {
-  Touch();
-  return roots_;
-}
-
-Node* TreeView::SelectedNode() {
-  Touch();
-  return selected_;
 }
 
 void TreeView::UserNodeClick(Node& node) {

@@ -30,6 +30,7 @@ class Node {
   const Text& Key() const { return key_; }
   const brelmon::Text& Caption() const { return text_; }
   Text Tag;
+  std::int32_t Data = 0;  // what whoever adds the node keeps with it
   Node* Parent() const { return parent_; }
   std::int32_t Image() const { return image_; }
   std::int32_t SelectedImage() const { return selectedImage_; }
@@ -54,18 +55,18 @@ class TreeView : public Control {
  public:
   TreeView(Form& owner, Text name) : Control(owner, ControlKind::TreeView, std::move(name)) {}
   std::function<void(Node&)> NodeClick;
-  ImageList* Images();
+  ImageList* Images() { return Loaded(images_); }
   void SetImageList(ImageList* images);
   /// Under no parent for an unset `parentKey`. A key that stands already fails with 457, an
   /// unknown parent with 5, an image that the list lacks with 9 (0 is none). A node without a
   /// key can't be found by one.
   Node& AddNode(const Text& parentKey, const Text& key, const Text& text, std::int32_t image);
   void ClearNodes();
-  std::int32_t NodeCount();
+  std::int32_t NodeCount() { return static_cast<std::int32_t>(Loaded(nodes_).size()); }
   Node& NodeAt(std::int32_t position);  // from 1, in order of addition; fails with 9
   Node& NodeOf(const Text& key);        // fails with 5
-  const std::vector<Node*>& Roots();
-  Node* SelectedNode();
+  const std::vector<Node*>& Roots() { return Loaded(roots_); }
+  Node* SelectedNode() { return Loaded(selected_); }
   void UserNodeClick(Node& node);
   void UserExpand(Node& node, bool expanded);
 

@@ -23,23 +23,10 @@ TEST(Statistics, ReportEqualsIndependentFigures) {
   EXPECT_EQ(said.out, BytesOf(BRELMON_SOURCE_DIR "/tests/cli/expected/quakes-mag-stations.txt"));
 }
 
-TEST(Statistics, SelectionIsTakenUnlessAllAreAskedFor) {
-  const auto said = Brelmon({Earth()},
-                            "pick quakes\nclick cmdSelectAll\nstatistics quakes MAG --selected\n"
-                            "statistics #2 mag\nstatistics quakes MAG --all\n");
-  EXPECT_EQ(said.status, 0) << said.err;
-  EXPECT_EQ(Hits(said.out, "Only Selected Records Analyzed"), 2);
-  EXPECT_EQ(Hits(said.out, "All Records Analyzed"), 1);
-}
-
-TEST(Statistics, SettingsLastThroughASession) {
-  const auto said = Brelmon({Earth()},
-                            "statistics quakes STATIONS --ignore \"-9999\" --decimals 0\n"
-                            "statistics quakes STATIONS\n"
-                            "statistics quakes STATIONS --ignore-nothing --decimals 2\n");
-  EXPECT_EQ(Hits(said.out, "The following values were ignored"), 2);
-  EXPECT_EQ(Hits(said.out, "  Mean: 19\n"), 2);
-  EXPECT_EQ(Hits(said.out, "  Number of Records: 1,707\n"), 1);
+TEST(Statistics, ATimeHoldsForItsLineAlone) {
+  const auto said =
+      Brelmon({Earth()}, "--now " + kNow + " statistics quakes MAG\nstatistics quakes MAG\n");
+  EXPECT_EQ(Hits(said.out, "Monday, November 16, 2026\n"), 1) << said.out;
 }
 
 TEST(Statistics, WhatDoesNotComeAboutIsTold) {

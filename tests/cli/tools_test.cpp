@@ -23,6 +23,11 @@ TEST(Query, CountsWhatItSelectsAndFilters) {
             "Number of features highlighted = 0\n");
 }
 
+TEST(Query, ListsTheValuesOfAField) {
+  const auto said = Brelmon({Earth(), "values", "quakes", "NET"});
+  EXPECT_TRUE(said.out.starts_with("'ak'\n'ci'\n")) << said.out;
+}
+
 TEST(Query, WhatTheSourceRefusesIsTold) {
   const struct {
     std::vector<std::string> words;

@@ -21,6 +21,12 @@ void ExpectFailure(std::int32_t number, const std::function<void()>& body, const
   throw std::runtime_error(what + " did not fail");
 }
 
+Text ModuleFolder(World& world) {
+  const Ref<ITemplates> templates = world.Application()->Templates();
+  const Text path = templates->Item(templates->Count() - 1);
+  return path.substr(0, path.rfind(u'\\') + 1);
+}
+
 Ref<ILayer> LayerNamed(World& world, const Text& name) {
   const Ref<IEnumLayer> layers = world.Document()->FocusMap()->Layers({}, true);
   layers->Reset();
@@ -62,8 +68,8 @@ Value FirstValue(const Ref<IObject>& table, const Text& field, const Text& claus
 
 std::vector<Case> AllCases() {
   std::vector<Case> all;
-  for (auto cases :
-       {ContentsCases(), FieldCases(), RowCases(), SelectionCases(), MapCases(), KindCases()}) {
+  for (auto cases : {ContentsCases(), FieldCases(), RowCases(), SelectionCases(), MapCases(),
+                     KindCases(), WorldCases()}) {
     std::move(cases.begin(), cases.end(), std::back_inserter(all));
   }
   return all;

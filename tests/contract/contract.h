@@ -38,7 +38,14 @@ struct Case {
   std::string name;
   std::function<void(World&)> run;
   std::string module = kSample;
+  /// It needs no more of the sample than names of layers, tables and fields, so that a world in
+  /// memory can be held to it, too.
+  bool anyWorld = false;
 };
+
+inline Case AnyWorld(std::string name, std::function<void(World&)> run) {
+  return {std::move(name), std::move(run), kSample, true};
+}
 
 /// All of them, names unique.
 std::vector<Case> AllCases();
@@ -49,6 +56,7 @@ std::vector<Case> RowCases();
 std::vector<Case> SelectionCases();
 std::vector<Case> MapCases();
 std::vector<Case> KindCases();
+std::vector<Case> WorldCases();
 
 // Tools of the cases.
 
@@ -72,6 +80,8 @@ void ExpectEqual(const A& is, const B& due, const std::string& what) {
 void ExpectFailure(std::int32_t number, const std::function<void()>& body, const std::string& what,
                    TextView source = u"Brelmon host");
 
+/// Of the document, as a Windows path with its closing separator.
+Text ModuleFolder(World& world);
 /// By name in the focus map; failing that, the case fails.
 Ref<ILayer> LayerNamed(World& world, const Text& name);
 Ref<IStandaloneTable> TableNamed(World& world, const Text& name);

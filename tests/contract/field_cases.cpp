@@ -58,9 +58,7 @@ void SourcesByName(World& world) {
 }
 
 void Workspaces(World& world) {
-  const Ref<ITemplates> templates = world.Application()->Templates();
-  Text folder = templates->Item(templates->Count() - 1);
-  folder.resize(folder.rfind(u'\\') + 1);
+  const Text folder = ModuleFolder(world);
   const Ref<IWorkspaceFactory> factory = world.Objects().NewShapefileWorkspaceFactory();
   Expect(factory->IsWorkspace(folder), "a folder can hold tables");
   Expect(!factory->IsWorkspace(folder + u"nowhere"), "no folder can hold none");
@@ -78,7 +76,7 @@ std::vector<Case> FieldCases() {
   return {{"types, aliases, hidden fields", TypesAliasesHidden},
           {"finding fields", FindingFields},
           {"sources by name", SourcesByName},
-          {"workspaces", Workspaces}};
+          AnyWorld("workspaces", Workspaces)};
 }
 
 }  // namespace brelmon::contract

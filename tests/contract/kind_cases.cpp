@@ -146,12 +146,6 @@ void UniqueValuesOfEachKind(World& world) {
   }
 }
 
-Text ModuleFolder(World& world) {
-  const Ref<ITemplates> templates = world.Application()->Templates();
-  const Text path = templates->Item(templates->Count() - 1);
-  return path.substr(0, path.rfind(u'\\') + 1);
-}
-
 /// A new table of the map, deleted again with its files by the runner's fresh module.
 Ref<IStandaloneTable> Summary(World& world, const Ref<IObject>& of, const Text& field,
                               const Text& terms, const Text& name) {

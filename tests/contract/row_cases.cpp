@@ -116,12 +116,9 @@ void UniqueValues(World& world) {
 }  // namespace
 
 std::vector<Case> RowCases() {
-  return {{"values of all kinds", ValuesOfAllKinds},
-          {"cursors of their own", CursorsOfTheirOwn},
-          {"queries and counts", QueriesAndCounts},
-          {"refused queries", RefusedQueries},
-          {"definitions", Definitions},
-          {"unique values", UniqueValues}};
+  return {{"values of all kinds", ValuesOfAllKinds}, {"cursors of their own", CursorsOfTheirOwn},
+          {"queries and counts", QueriesAndCounts},  AnyWorld("refused queries", RefusedQueries),
+          AnyWorld("definitions", Definitions),      AnyWorld("unique values", UniqueValues)};
 }
 
 }  // namespace brelmon::contract

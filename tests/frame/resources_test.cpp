@@ -39,20 +39,5 @@ TEST(Resources, ToolbarImagesAre16By16AndDiffer) {
   }
 }
 
-TEST(Resources, FormPictures) {
-  ExpectBitmap("corner.bmp", 15, 15);
-  for (const char* name : {"equals", "notequal", "greater", "greaterequal", "less", "lessequal",
-                           "and", "or", "not", "parentheses"}) {
-    ExpectBitmap(std::string("op-") + name + ".bmp", 24, 16);
-  }
-  for (const char* name : {"tool-switch", "tool-stats", "tool-table", "tool-browse", "tree-1",
-                           "tree-2", "tree-3", "tree-4", "tree-5", "tree-6"}) {
-    ExpectBitmap(std::string(name) + ".bmp", 16, 16);
-  }
-  ExpectBitmap("brelmon.bmp", 120, 160);
-  ExpectBitmap("logo.bmp", 64, 64);
-  ExpectBitmap("summary-help.bmp", 420, 300);
-}
-
 }  // namespace
 }  // namespace brelmon

@@ -89,16 +89,6 @@ TEST_F(ActiveThemes, EachCommandSaysWhatItCouldNotDo) {
             "valid table.  Unable to open table...");
 }
 
-TEST_F(ActiveThemes, NothingHappensBehindAClosedGate) {
-  Click<cmdSelectAll>({raster});
-  EXPECT_TRUE(world.log.empty());
-  world.document->tab = 2;
-  Click<cmdSelectAll>({first});
-  Click<OpenTable>({first});
-  EXPECT_TRUE(world.log.empty());
-  EXPECT_TRUE(world.tableWindows.empty());
-}
-
 TEST_F(ActiveThemes, ClearReachesTheWholeMapInSilence) {
   auto deep = New<test::FakeLayer>();
   raster->members = {deep};
@@ -115,9 +105,10 @@ TEST_F(ActiveThemes, ClearReachesTheWholeMapInSilence) {
 
 TEST_F(ActiveThemes, ClearDoesTablesWhereTheMapHasNoLayers) {
   world.map->layers.clear();
-  table->selected = {0};
+  const auto other = world.map->AddTable(u"Other", {{u"N"}}, {{1.0}});
+  table->selected = other->selected = {0};
   Click<cmdSelectNone>({});
-  EXPECT_TRUE(table->selected.empty());
+  EXPECT_TRUE(table->selected.empty() && other->selected.empty());
   EXPECT_TRUE(world.boxes.empty());
 }
 

@@ -53,6 +53,7 @@ TEST(Summarize, OpensOnTheLikeliestField) {
     const char* chosen;
   } rows[] = {
       {{{u"A", Integer}, {u"B", Double}, {u"C", String}, {u"D", String}}, "C"},
+      {{{u"A", String}, {u"B", String}}, "A"},
       {{{u"A", Date}, {u"B", OID}, {u"C", Single}}, "C"},
       {{{u"A", Date}, {u"B", OID}}, "A"},
   };

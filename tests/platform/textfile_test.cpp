@@ -82,13 +82,5 @@ TEST(TextFiles, FailWithThePlatformsNumbers) {
   textfile::Close(1);
 }
 
-TEST(Services, ForgetOpenFilesWhenTheyChange) {
-  test::FakeWorld world;
-  world.files[kPath] = "a";
-  textfile::Open(1, kPath, FileMode::Input);
-  SetServices(CurrentServices());
-  EXPECT_EQ(Guard::Ignore([] { textfile::AtEnd(1); }), failure::kBadFileNumber);
-}
-
 }  // namespace
 }  // namespace brelmon

@@ -297,7 +297,9 @@ extern "C" __attribute__((visibility("default"))) void brelmon_test_run(
   char* arguments[] = {name, nullptr};
   testing::InitGoogleTest(&count, arguments);
   const int result = RUN_ALL_TESTS();
+  const bool some = testing::UnitTest::GetInstance()->test_to_run_count() > 0;
+  if (!some) std::fputs("No test goes by the suite's name.\n", stderr);
   // QGIS would ask about changes of the project before it ends.
   std::fflush(nullptr);
-  std::_Exit(result);
+  std::_Exit(some ? result : EXIT_FAILURE);
 }

@@ -4,8 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
-
 #include "frame/guard.h"
 #include "tests/quickload/clicks.h"
 
@@ -70,31 +68,6 @@ TEST(QuickLoadFileTest, AppendDoesNotLookAtWhatIsThere) {
   *QuickLoadBytes(world) = "<Layer>\r\nA\r\nb";
   QuickLoadFile::Append(kQuickLoadPath, {{Kind::Layer, {u"C", u"d"}}});
   EXPECT_EQ(*QuickLoadBytes(world), "<Layer>\r\nA\r\nb<Layer>\r\nC\r\nd\r\n");
-}
-
-TEST(QuickLoadFileTest, AnyTextReadsOrFailsWithInputPastEnd) {
-  FakeWorld world;
-  std::mt19937 random(20261116);
-  const std::string pieces[] = {"<Layer>", "<Query>", "<Bookmark>", "<layer>", "\r\n", "\r\n", "\r",
-                                "\n",      "a",       "1.5",        "\xFF",    "\x81", ""};
-  for (int round = 0; round < 2000; ++round) {
-    std::string bytes;
-    for (auto left = random() % 40; left > 0; --left) {
-      bytes += pieces[random() % std::size(pieces)];
-      if (random() % 8 == 0) bytes += static_cast<char>(random() % 256);
-    }
-    world.files[kQuickLoadPath] = bytes;
-    std::vector<QuickLoadRecord> records;
-    const auto number = Guard::Ignore([&] { records = QuickLoadFile::Read(kQuickLoadPath); });
-    textfile::CloseAll();
-    ASSERT_TRUE(number == 0 || number == 62) << bytes;
-    if (number != 0) continue;
-    // What was read comes back from what is written.
-    QuickLoadFile::Rewrite(kQuickLoadPath, records);
-    const auto again = QuickLoadFile::Read(kQuickLoadPath);
-    ASSERT_EQ(again.size(), records.size()) << bytes;
-    for (std::size_t i = 0; i < again.size(); ++i) ASSERT_EQ(again[i].Fields, records[i].Fields);
-  }
 }
 
 }  // namespace

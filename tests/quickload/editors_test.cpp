@@ -72,7 +72,7 @@ TEST_F(EditorTest, WhatCanNotBeWrittenIsToldAndNotSaved) {
   world.diskFull = true;
   NameBookmark(u"Gulf");
   Click<cmdQLAddSpatial>(world);
-  EXPECT_TRUE(Boxes(world).ends_with("\r\n61\r\nBrelmonOpenTable\r\nDisk full\n")) << Boxes(world);
+  EXPECT_TRUE(Boxes(world).ends_with("\r\n61\r\nBrelmon host\r\nDisk full\n")) << Boxes(world);
   world.browsed.push_back(Browsed(std::vector<Text>()));  // OK with nothing chosen is no Cancel
   Click<cmdQLAddLayer>(world);
   EXPECT_EQ(world.boxes.size(), 1u);
@@ -215,17 +215,6 @@ TEST_F(EditorTest, CancelledDeletionClosesTheFile) {
   Click<cmdQLDelete>(world);
   EXPECT_EQ(*QuickLoadBytes(world), kThree);
   EXPECT_EQ(QuickLoadFile::Read(kQuickLoadPath).size(), 3u);
-}
-
-TEST_F(EditorTest, DeleteInAFileIdentifiedElsewhere) {
-  const Text elsewhere = u"D:\\old\\shortcuts.txt";
-  world.files[elsewhere] = kThree;
-  world.browsed = {{}, {elsewhere}};
-  Delete({0});
-  EXPECT_EQ(ToUtf8(world.boxes.at(0).text),
-            "Unable to find Brelmon 'QuickLoad.txt' file.  Bailing out...");
-  Delete({0, 1});
-  EXPECT_EQ(world.files[elsewhere], "<Bookmark>\r\nBig\r\n1,5\r\nx\r\n3\r\n4\r\n");
 }
 
 TEST_F(EditorTest, DeletionDialog) {

@@ -12,21 +12,22 @@ using Button = CommandButton Dialog::*;
 
 TEST(QueryOperationTest, ComposesMethodAndDefinition) {
   const struct {
-    const char16_t *option, *query, *old;
+    SetOperation operation;
+    const char16_t *query, *old;
     SelectionMethod method;
     Text definition;
   } rows[] = {
-      {u"New", u"Q", u"", SelectionMethod::New, u"Q"},
-      {u"Add", u"( [B] = 2 )", u"( [A] = 1 )", SelectionMethod::Add,
+      {SetOperation::New, u"Q", u"", SelectionMethod::New, u"Q"},
+      {SetOperation::Add, u"( [B] = 2 )", u"( [A] = 1 )", SelectionMethod::Add,
        u"(( [A] = 1 )) OR (( [B] = 2 ))"},
-      {u"Subtract", u"Q", u"D", SelectionMethod::Subtract, u"(D) AND (Q)"},
-      {u"Select From", u"Q", u"D", SelectionMethod::And, u"(D) AND NOT (Q)"},
-      {u"Clear", u"Q", u"D", SelectionMethod::New, u""},
+      {SetOperation::Subtract, u"Q", u"D", SelectionMethod::Subtract, u"(D) AND (Q)"},
+      {SetOperation::SelectFrom, u"Q", u"D", SelectionMethod::And, u"(D) AND NOT (Q)"},
+      {SetOperation::Clear, u"Q", u"D", SelectionMethod::New, u""},
   };
   for (const auto& row : rows) {
-    const auto operation = ComposeOperation(row.option, row.query, row.old);
-    EXPECT_EQ(operation.Method, row.method) << ToUtf8(row.option);
-    EXPECT_EQ(operation.Definition, row.definition) << ToUtf8(row.option);
+    const auto operation = ComposeOperation(row.operation, row.query, row.old);
+    EXPECT_EQ(operation.Method, row.method) << ToUtf8(row.definition);
+    EXPECT_EQ(operation.Definition, row.definition) << static_cast<int>(row.operation);
   }
 }
 
@@ -75,6 +76,15 @@ TEST_F(Engine, EachSetButtonOnTheFilter) {
       EXPECT_EQ(ToUtf8(item->definition), after);
     }
   }
+}
+
+TEST_F(Engine, TheFirstItemsFilterCanBeNarrowed) {
+  towns->definition = u"POP < 9";
+  OpenOn(towns, [](Dialog& dialog) {
+    EXPECT_FALSE(dialog.cmdSelFromSet.Enabled());
+    dialog.optFiltered.UserClick();
+    EXPECT_TRUE(dialog.cmdSelFromSet.Enabled() && dialog.cmdSubtractFromSet.Enabled());
+  });
 }
 
 TEST_F(Engine, TriesTheQueryThenRedrawsThenApplies) {

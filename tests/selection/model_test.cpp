@@ -38,6 +38,16 @@ TEST_F(Model, ValuesByTypeOfField) {
   EXPECT_EQ(Trails(world), "");
 }
 
+TEST_F(Model, NamesComeOutOfTheirBrackets) {
+  towns->dataSourceType = u"Personal Geodatabase Feature Class";
+  OpenOn(towns, [](brelmon_ModQueryDialog& dialog) {
+    dialog.lbxFields.UserDoubleClick(2);
+    EXPECT_EQ(ToUtf8(dialog.txtQuery.Text()), "( [NAME] )");
+    dialog.cmdUpdate.UserClick();
+    EXPECT_EQ(Rows(dialog.lbxValues), "'A'; 'b'; 'O'Brien'");
+  });
+}
+
 TEST_F(Model, GatheringShowsItsProgress) {
   OpenOn(towns, [&](brelmon_ModQueryDialog& dialog) {
     dialog.lbxFields.UserClick(2);
@@ -73,19 +83,6 @@ TEST_F(Model, CountFollowsTheOptionAndOtherWindows) {
     towns->selected.clear();
     dialog.Form::UserClick();
     EXPECT_EQ(ToUtf8(dialog.lblNumSelected.Caption()), "Number of features highlighted = 0");
-  });
-}
-
-TEST_F(Model, AnotherLayerKeepsTheQueryAndClearsTheRest) {
-  OpenOn(towns, [](brelmon_ModQueryDialog& dialog) {
-    dialog.lbxFields.UserDoubleClick(1);
-    dialog.cmdUpdate.UserClick();
-    dialog.lbxThemes.UserClick(1);
-    EXPECT_EQ(ToUtf8(dialog.txtQuery.Text()), "( \"POP\" )");
-    EXPECT_EQ(Rows(dialog.lbxFields), "OID; WHO");
-    EXPECT_EQ(dialog.lbxValues.ListCount(), 0);
-    EXPECT_FALSE(dialog.cmdUpdate.Enabled());
-    EXPECT_TRUE(dialog.txtQuery.HasFocus());
   });
 }
 

@@ -101,17 +101,6 @@ TEST_F(StatisticsDialog, RefusesIgnoredValuesThatAreNoNumbers) {
   }
 }
 
-TEST_F(StatisticsDialog, TellsOfFailuresAndStaysOpen) {
-  Ignore(u" , ,");
-  EXPECT_EQ(FailureIn(world), 9);
-  world.trails.clear();
-  dialog->chkNoData.UserClick();
-  dialog->cbxDecPlaces.UserType(u"many");
-  dialog->cmdOK.UserClick();
-  EXPECT_EQ(FailureIn(world), 13);
-  EXPECT_FALSE(dialog->ShouldContinue);
-}
-
 TEST_F(StatisticsDialog, HoldsAThousandAndOneFields) {
   auto wide = world.map->AddFeatureLayer(u"Wide");
   for (std::int32_t i = 0; i < 1001; ++i) wide->fields.push_back({u"F" + GeneralText(i)});
@@ -122,16 +111,6 @@ TEST_F(StatisticsDialog, HoldsAThousandAndOneFields) {
   wide->fields.push_back({u"TOOMANY"});
   dialog->lbxTheme.UserClick(2);
   EXPECT_EQ(FailureIn(world), 9);
-}
-
-TEST_F(StatisticsDialog, ClosingIsACancelThatDropsEverything) {
-  dialog->lbxField.UserClick(0);
-  dialog->cmdOK.UserClick();
-  EXPECT_TRUE(dialog->ShouldContinue);
-  dialog->UserClose();
-  EXPECT_FALSE(dialog->ShouldContinue);
-  EXPECT_EQ(dialog->ExcludeString, u"");
-  EXPECT_FALSE(dialog->StatisticsTable());
 }
 
 }  // namespace

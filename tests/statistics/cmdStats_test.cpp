@@ -115,6 +115,14 @@ TEST_F(StatisticsFlow, ReportsOneField) {
   EXPECT_EQ(Trails(world), "");
 }
 
+TEST_F(StatisticsFlow, ExtremesTakeTheDecimalsAskedFor) {
+  tracts->rows = {{1.23456, 0.0}, {9.87654, 0.0}};
+  const std::string report = Click();
+  EXPECT_NE(report.find("  Minimum: 1.23\r\n  Maximum: 9.88\r\n  Range: 8.64\r\n"),
+            std::string::npos)
+      << report;
+}
+
 TEST_F(StatisticsFlow, ReportsTwoFieldsAndTheIgnoredValuesOnce) {
   Will({.fields = {0, 1}, .ignored = u"-9999, 0", .decimals = 0});
   const std::string heading = " in Tracts:\r\n   --> All Records Analyzed...\r\n";

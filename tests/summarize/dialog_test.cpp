@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // The Summarize dialog up to its OK.
+#include <algorithm>
 #include <fstream>
 #include <sstream>
 
@@ -25,6 +26,8 @@ TEST_F(SummarizeDialog, AnotherFieldOrItemFillsTheTreeAnew) {
     dialog.cbxFieldName.UserChoose(1);
     EXPECT_EQ(ToUtf8(dialog.treeFields.NodeAt(1).Key()), "key_2");
     EXPECT_EQ(dialog.treeFields.NodeAt(1).Image(), 3);
+    EXPECT_EQ(dialog.treeFields.Images()->Item(3)->Description, u"Text field");
+    EXPECT_EQ(dialog.treeFields.Images()->Item(4)->Description, u"Numeric field");
     dialog.cbxLayer.UserChoose(1);
     EXPECT_EQ(Rows(dialog.cbxFieldName), "WHO");
     EXPECT_EQ(dialog.treeFields.NodeCount(), 0);
@@ -103,6 +106,10 @@ TEST_F(SummarizeDialog, SaveDialogNeverOverwrites) {
     dialog.cmdGetFile.UserClick();
     EXPECT_EQ(ToUtf8(dialog.txtOutput.Text()), "D:\\Out\\new.dbf");
   });
+  const auto fromThere = [](const std::string& entry) {
+    return entry.find(" at D:\\Out\\ ") != std::string::npos;
+  };
+  EXPECT_EQ(std::ranges::count_if(world.log, fromThere), 1) << "it begins where the last one ended";
   EXPECT_EQ(Boxes(world),
             "[BrelmonOpenTable] Unable to overwrite the file 'taken.dbf'.  The new file will be "
             "saved to D:\\Out\\taken_2.dbf...\n");

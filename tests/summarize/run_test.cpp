@@ -77,16 +77,5 @@ TEST_F(SummarizeRun, AFailedDissolveIsToldAndTheDialogStays) {
   EXPECT_EQ(world.map->tables.size(), 1u);
 }
 
-TEST_F(SummarizeRun, TheCommandOffersTablesAloneAndNothingSilently) {
-  world.map->layers.clear();
-  std::string offered;
-  const auto note = [&](Dialog& dialog) { offered += ToUtf8(dialog.cbxLayer.Text()); };
-  Open(note);
-  world.map->tables.clear();
-  Open(note);
-  EXPECT_EQ(offered, "Visits");
-  EXPECT_EQ(Trails(world), "");
-}
-
 }  // namespace
 }  // namespace brelmon::test

@@ -13,14 +13,14 @@ TEST(SummaryStringTest, ByTickedStatistics) {
     std::string expected;
   } rows[] = {
       {{}, "Minimum.NET, Count.NET"},
-      {{{u"First", u"NAME"}, {u"Last", u"WHEN_"}},
+      {{{Statistic::First, u"NAME"}, {Statistic::Last, u"WHEN_"}},
        "Minimum.NET, Count.NET, Minimum.NAME, Maximum.WHEN_"},
-      {{{u"Minimum", u"A"},
-        {u"Maximum", u"A"},
-        {u"Average", u"A"},
-        {u"Sum", u"A"},
-        {u"Standard Deviation", u"A"},
-        {u"Variance", u"A"}},
+      {{{Statistic::Minimum, u"A"},
+        {Statistic::Maximum, u"A"},
+        {Statistic::Average, u"A"},
+        {Statistic::Sum, u"A"},
+        {Statistic::StandardDeviation, u"A"},
+        {Statistic::Variance, u"A"}},
        "Minimum.NET, Count.NET, Minimum.A, Maximum.A, Average.A, Sum.A, StdDev.A, Variance.A"},
   };
   for (const auto& row : rows) EXPECT_EQ(ToUtf8(SummaryString(u"NET", row.terms)), row.expected);

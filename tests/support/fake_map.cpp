@@ -4,8 +4,6 @@
 
 #include <algorithm>
 
-#include "platform/collection.h"
-
 namespace brelmon::test {
 namespace {
 
@@ -46,7 +44,7 @@ class ContentsViewOf : public IContentsView {
     Note(document_->log, "RemoveFromSelectedItems");
   }
   void Refresh(const Ref<IObject>& item) override {
-    Note(document_->log, "Refresh contents " + ToUtf8(item.As<IMap>()->Name()));
+    Note(document_->log, "Refresh contents " + (item ? ToUtf8(item.As<IMap>()->Name()) : ""));
   }
   std::size_t Tab() const { return tab_; }
 
@@ -62,6 +60,26 @@ void Gather(const std::vector<Ref<ILayer>>& layers, bool featureOnly, bool recur
     const auto group = layer.TryAs<FakeOtherLayer>();
     if (recursive && group) Gather(group->members, featureOnly, recursive, found);
   }
+}
+
+/// A map lets go of what it held at any depth, which is then gone.
+template <class Item>
+void LetGo(std::vector<Ref<Item>>& items, const Ref<Item>& item) {
+  if (std::erase_if(items, [&](const auto& it) { return Same(it, item); }) != 0) {
+    if (const auto rows = item.template TryAs<FakeRows>()) rows->gone = true;
+    return;
+  }
+  if constexpr (std::is_same_v<Item, ILayer>) {
+    for (const auto& each : items) {
+      if (const auto group = each.template TryAs<FakeOtherLayer>()) LetGo(group->members, item);
+    }
+  }
+}
+
+template <class Item>
+const Ref<Item>& Given(const Ref<Item>& item) {
+  if (!item) host::Fail(failure::kObjectNotSet);
+  return item;
 }
 
 }  // namespace
@@ -112,18 +130,19 @@ Ref<FakeOtherLayer> FakeMap::AddOther(const Text& layerName, std::vector<Ref<ILa
 
 Ref<IEnumLayer> FakeMap::Layers(const Ref<UID>& uid, bool recursive) {
   std::vector<Ref<ILayer>> found;
-  Gather(layers, uid && uid->Value == kFeatureLayerUID, recursive, found);
-  if (found.empty()) Raise(failure::kInvalidCall, Text(u"The map has no such layers"), 0);
+  if (!uid || uid->Value == kFeatureLayerUID) Gather(layers, bool(uid), recursive, found);
+  if (found.empty()) host::Fail(failure::kRefused, "The map has no such layers");
   return New<ListOf<IEnumLayer, ILayer>>(std::move(found));
 }
 
 void FakeMap::AddLayer(const Ref<ILayer>& layer) {
-  layers.push_back(layer);
+  layers.insert(layers.begin(), Given(layer));
+  if (const auto rows = layer.TryAs<FakeRows>()) rows->gone = false;
   Note(log, "AddLayer " + ToUtf8(layer->Name()));
 }
 
 void FakeMap::DeleteLayer(const Ref<ILayer>& layer) {
-  std::erase_if(layers, [&](const auto& it) { return Same(it, layer); });
+  LetGo(layers, layer);
   Note(log, "DeleteLayer " + ToUtf8(layer->Name()));
 }
 
@@ -132,15 +151,15 @@ Ref<IGraphicsContainerSelect> FakeMap::ActiveGraphicsLayer() {
 }
 
 std::int32_t FakeMap::StandaloneTableCount() { return static_cast<std::int32_t>(tables.size()); }
-Ref<IStandaloneTable> FakeMap::StandaloneTable(std::int32_t index) { return At(tables, index); }
+Ref<IStandaloneTable> FakeMap::StandaloneTable(std::int32_t index) { return Of(tables, index); }
 
 void FakeMap::AddStandaloneTable(const Ref<IStandaloneTable>& table) {
-  tables.push_back(table);
+  tables.push_back(Given(table));
   Note(log, "AddStandaloneTable");
 }
 
 void FakeMap::RemoveStandaloneTable(const Ref<IStandaloneTable>& table) {
-  std::erase_if(tables, [&](const auto& it) { return Same(it, table); });
+  LetGo(tables, table);
   Note(log, "RemoveStandaloneTable " + ToUtf8(table->Name()));
 }
 
@@ -175,19 +194,20 @@ Ref<FakeMap> FakeDocument::AddMap(const Text& mapName) {
 }
 
 void FakeDocument::SetActiveView(const Ref<IActiveView>& view) {
-  for (std::size_t i = 0; i < maps.size(); ++i) {
-    if (Same(maps[i], view)) focus = i;
-  }
+  const auto at = std::ranges::find_if(maps, [&](const auto& it) { return Same(it, view); });
+  if (at == maps.end()) host::Fail(failure::kInvalidCall, "The view is no map of the document");
+  focus = static_cast<std::size_t>(at - maps.begin());
   Note(log, "SetActiveView " + ToUtf8(view.As<IMap>()->Name()));
 }
 
 Ref<IMaps> FakeDocument::Maps() { return Ref<FakeDocument>(shared_from_this()); }
 
 void FakeDocument::SetCurrentContentsView(const Ref<IContentsView>& view) {
-  tab = view.As<ContentsViewOf>()->Tab();
+  tab = Given(view).As<ContentsViewOf>()->Tab();
 }
 
 Ref<IContentsView> FakeDocument::ContentsView(std::int32_t index) {
+  if (index < 0 || index > 2) host::Fail(failure::kSubscript);
   return New<ContentsViewOf>(Ref<FakeDocument>(shared_from_this()),
                              static_cast<std::size_t>(index));
 }
@@ -199,20 +219,27 @@ Ref<IObject> FakeDocument::SelectedItem() {
 }
 
 Ref<ICommandBars> FakeDocument::CommandBars() { return Ref<FakeDocument>(shared_from_this()); }
-Ref<IMap> FakeDocument::Item(std::int32_t index) { return At(maps, index); }
+Ref<IMap> FakeDocument::Item(std::int32_t index) { return Of(maps, index); }
 
 Ref<IMap> FakeDocument::Create() {
   auto map = New<FakeMap>();
+  map->name.clear();
   map->log = log;
   return map;
 }
 
-void FakeDocument::Add(const Ref<IMap>& map) { maps.push_back(map.As<FakeMap>()); }
+void FakeDocument::Add(const Ref<IMap>& map) {
+  const auto added = Given(map).As<FakeMap>();
+  if (std::ranges::none_of(maps, [&](const auto& it) { return Same(it, added); })) {
+    maps.push_back(added);
+  }
+}
 
 void FakeDocument::Remove(const Ref<IMap>& map) {
+  Given(map);
   const auto at =
       std::find_if(maps.begin(), maps.end(), [&](const auto& it) { return Same(it, map); });
-  if (at == maps.end()) Raise(failure::kInvalidCall);
+  if (at == maps.end()) return;
   const auto index = static_cast<std::size_t>(at - maps.begin());
   maps.erase(at);
   if (focus > index || focus >= maps.size()) focus = focus == 0 ? 0 : focus - 1;
@@ -232,6 +259,11 @@ Ref<ITableWindow> FakeTableWindow::FindViaFeatureLayer(const Ref<IFeatureLayer>&
 Ref<ITableWindow> FakeTableWindow::FindViaStandaloneTable(const Ref<IStandaloneTable>& table,
                                                           bool) {
   return Find(table);
+}
+
+void FakeTableWindow::Show(bool show) {
+  if (!item) host::Fail(failure::kObjectNotSet);
+  open = show;
 }
 
 void FakeTableWindow::SetTableSelectionAction(std::int32_t action) {

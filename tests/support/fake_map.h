@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "hosts/common/hostfailure.h"
 #include "platform/number.h"
 #include "platform/windows.h"
 #include "platform/workspace.h"
@@ -16,6 +17,13 @@ namespace brelmon::test {
 using Log = std::vector<std::string>;
 inline void Note(Log* log, std::string entry) {
   if (log) log->push_back(std::move(entry));
+}
+
+/// As a host gives what it is asked for by number, which fails with 9 out of bounds.
+template <class List>
+auto& Of(List& list, std::int32_t index) {
+  if (index < 0 || static_cast<std::size_t>(index) >= list.size()) host::Fail(failure::kSubscript);
+  return list[static_cast<std::size_t>(index)];
 }
 
 struct FakeFieldSpec {
@@ -49,6 +57,7 @@ class FakeRows : public ITable,
   Text sourceDescription = u"Shapefile";
   Text name;
   bool valid = true;
+  bool gone = false;            // taken out of its map
   bool offersSelection = true;  // SelectionSet is unset otherwise
   Log* log = nullptr;
 
@@ -70,7 +79,9 @@ class FakeRows : public ITable,
 
   /// Rows by number that the definition and the clause let through.
   std::vector<std::size_t> Matching(const Text& where) const;
-  void Select(const Text& where, SelectionMethod method);
+  void Select(const Text& where, SelectionMethod method, bool justOne = false);
+  /// Fails where the data can't be reached.
+  void Reach() const;
   Ref<ICursor> CursorOver(std::vector<std::size_t> numbers);
 };
 
@@ -84,7 +95,7 @@ class FakeLayer : public FakeRows,
   Text shapeField = u"Shape";
 
   Text Name() override { return name; }
-  bool Valid() override { return valid; }
+  bool Valid() override { return valid && !gone; }
   Text DataSourceType() override { return dataSourceType; }
   void SelectFeatures(const Ref<IQueryFilter>& filter, SelectionMethod method,
                       bool justOne) override;
@@ -97,8 +108,9 @@ class FakeLayer : public FakeRows,
 
 class FakeStandaloneTable : public FakeRows, public IStandaloneTable {
  public:
-  Text Name() override { return name; }
-  bool Valid() override { return valid; }
+  bool unbound = false;  // until SetTable
+  Text Name() override;
+  bool Valid() override;
   Ref<ITable> Table() override;
   void SetTable(const Ref<ITable>& table) override;
 
@@ -232,7 +244,7 @@ class FakeTableWindow : public ITableWindow, public ITableWindow2 {
   void SetFeatureLayer(const Ref<IFeatureLayer>& layer) override { item = layer; }
   void SetStandaloneTable(const Ref<IStandaloneTable>& table) override { item = table; }
   void SetApplication(const Ref<IApplication>&) override { settings.push_back("application"); }
-  void Show(bool show) override { open = show; }
+  void Show(bool show) override;
   void Unload() override { open = false; }
   void SetTableSelectionAction(std::int32_t action) override;
   void SetLayerDisplay(bool flag) override;

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <optional>
 
-#include "platform/collection.h"
 #include "tests/support/fake_map.h"
 
 namespace brelmon::test {
@@ -23,9 +22,7 @@ class Clause {
   }
 
  private:
-  [[noreturn]] static void Refuse() {
-    Raise(failure::kRefused, Text(u"The source can't parse it"));
-  }
+  [[noreturn]] static void Refuse() { host::Fail(failure::kRefused, "The source can't parse it"); }
   void Blanks() {
     while (at_ < text_.size() && text_[at_] == u' ') ++at_;
   }
@@ -110,10 +107,12 @@ class Clause {
   std::size_t at_ = 0;
 };
 
+Text ClauseOf(const Ref<IQueryFilter>& filter) { return filter ? filter->WhereClause : Text(); }
+
 class RowBuffer : public IRowBuffer {
  public:
   explicit RowBuffer(const Row& row) : row_(&row) {}
-  brelmon::Value Value(std::int32_t index) override { return At(*row_, index); }
+  brelmon::Value Value(std::int32_t index) override { return Of(*row_, index); }
 
  private:
   const Row* row_;
@@ -140,7 +139,7 @@ class Selection : public ISelectionSet {
   explicit Selection(Ref<FakeRows> table) : table_(std::move(table)) {}
   std::int32_t Count() override { return static_cast<std::int32_t>(table_->selected.size()); }
   Ref<ICursor> Search(const Ref<IQueryFilter>& filter, bool) override {
-    auto numbers = table_->Matching(filter ? filter->WhereClause : Text());
+    auto numbers = table_->Matching(ClauseOf(filter));
     std::erase_if(numbers, [&](std::size_t n) { return table_->selected.count(n) == 0; });
     return table_->CursorOver(std::move(numbers));
   }
@@ -188,7 +187,13 @@ class FieldList : public IFields {
 
 }  // namespace
 
+void FakeRows::Reach() const {
+  if (gone) host::Fail(failure::kNoSuchObject, "The layer is gone");
+  if (!valid) host::Fail(failure::kFileNotFound, "The layer's data can't be reached");
+}
+
 std::vector<std::size_t> FakeRows::Matching(const Text& where) const {
+  Reach();
   std::vector<std::size_t> numbers;
   const Row blank(fields.size(), Value(0.0));
   for (const Text* clause : {&definition, &where}) {
@@ -208,13 +213,15 @@ Ref<ICursor> FakeRows::CursorOver(std::vector<std::size_t> numbers) {
 }
 
 Ref<ICursor> FakeRows::Search(const Ref<IQueryFilter>& filter, bool recycling) {
-  Note(log, "Search [" + ToUtf8(filter ? filter->WhereClause : Text()) + "] " +
-                (recycling ? "recycling" : "keeping"));
-  return CursorOver(Matching(filter ? filter->WhereClause : Text()));
+  Note(log, "Search [" + ToUtf8(ClauseOf(filter)) + "] " + (recycling ? "recycling" : "keeping"));
+  if (filter && !filter->SubFields.empty() && FindField(filter->SubFields) < 0) {
+    host::Fail(failure::kRefused, "There is no such field");
+  }
+  return CursorOver(Matching(ClauseOf(filter)));
 }
 
 std::int32_t FakeRows::RowCount(const Ref<IQueryFilter>& filter) {
-  return static_cast<std::int32_t>(Matching(filter ? filter->WhereClause : Text()).size());
+  return static_cast<std::int32_t>(Matching(ClauseOf(filter)).size());
 }
 
 void FakeRows::SetDefinitionExpression(const Text& expression) {
@@ -233,9 +240,12 @@ Ref<ISelectionSet> FakeRows::SelectionSet() {
   return New<Selection>(Ref<FakeRows>(shared_from_this()));
 }
 
-void FakeRows::Select(const Text& where, SelectionMethod method) {
+void FakeRows::Select(const Text& where, SelectionMethod method, bool justOne) {
   std::set<std::size_t> hits;
-  for (const std::size_t n : Matching(where)) hits.insert(n);
+  for (const std::size_t n : Matching(where)) {
+    hits.insert(n);
+    if (justOne) break;
+  }
   std::set<std::size_t> result = method == SelectionMethod::New ? hits : selected;
   for (std::size_t n = 0; n < rows.size(); ++n) {
     const bool hit = hits.count(n) != 0;
@@ -249,8 +259,8 @@ void FakeRows::Select(const Text& where, SelectionMethod method) {
   selected = result;
 }
 
-void FakeRows::SelectRows(const Ref<IQueryFilter>& filter, SelectionMethod method, bool) {
-  Select(filter ? filter->WhereClause : Text(), method);
+void FakeRows::SelectRows(const Ref<IQueryFilter>& filter, SelectionMethod method, bool justOne) {
+  Select(ClauseOf(filter), method, justOne);
   Note(log, "SelectRows " + ToUtf8(name) + " " + std::to_string(static_cast<int>(method)));
 }
 
@@ -261,9 +271,9 @@ void FakeRows::Clear() {
 
 void FakeRows::SelectionChanged() { Note(log, "SelectionChanged " + ToUtf8(name)); }
 
-Ref<IField> FakeRows::Field(std::int32_t index) { return New<FakeField>(At(fields, index)); }
+Ref<IField> FakeRows::Field(std::int32_t index) { return New<FakeField>(Of(fields, index)); }
 Ref<IFieldInfo> FakeRows::FieldInfo(std::int32_t index) {
-  return New<FakeField>(At(fields, index));
+  return New<FakeField>(Of(fields, index));
 }
 
 std::int32_t FakeRows::FindField(const Text& fieldName) {
@@ -277,26 +287,40 @@ Ref<IFields> FakeRows::Fields() { return New<FieldList>(Ref<FakeRows>(shared_fro
 Ref<IWorkspace> FakeRows::Workspace() { return New<FakeWorkspace>(sourceDescription); }
 Ref<IObject> FakeRows::FullName() { return New<UID>(name); }
 
-void FakeLayer::SelectFeatures(const Ref<IQueryFilter>& filter, SelectionMethod method, bool) {
+void FakeLayer::SelectFeatures(const Ref<IQueryFilter>& filter, SelectionMethod method,
+                               bool justOne) {
   Note(log, "SelectFeatures " + ToUtf8(name) + " " + std::to_string(static_cast<int>(method)));
-  if (!valid) Raise(failure::kRefused, Text(u"The layer's data can't be reached"));
+  Reach();
   if (const auto spatial = filter.TryAs<ISpatialFilter>()) {
-    if (spatial->GeometryField != shapeField)
-      Raise(failure::kRefused, Text(u"No such shape field"));
+    if (spatial->GeometryField != shapeField) host::Fail(failure::kRefused, "No such shape field");
     const auto shape = spatial->Geometry.As<FakeElement::Shape>();
     if (method == SelectionMethod::New) selected.clear();
     selected.insert(shape->touches.begin(), shape->touches.end());
     return;
   }
-  Select(filter ? filter->WhereClause : Text(), method);
+  Select(ClauseOf(filter), method, justOne);
+}
+
+Text FakeStandaloneTable::Name() {
+  if (bound_) return bound_.As<FakeRows>()->name;
+  if (unbound) host::Fail(failure::kObjectNotSet);
+  return name;
+}
+
+bool FakeStandaloneTable::Valid() {
+  if (bound_) return bound_.As<FakeRows>()->valid;
+  return valid && !gone && !unbound;
 }
 
 Ref<ITable> FakeStandaloneTable::Table() {
-  if (bound_) return bound_;
+  if (bound_ || unbound) return bound_;
   return Ref<FakeStandaloneTable>(
       std::static_pointer_cast<FakeStandaloneTable>(shared_from_this()));
 }
 
-void FakeStandaloneTable::SetTable(const Ref<ITable>& table) { bound_ = table; }
+void FakeStandaloneTable::SetTable(const Ref<ITable>& table) {
+  if (bound_ || !unbound) host::Fail(failure::kInvalidCall, "The table is bound already");
+  bound_ = table;
+}
 
 }  // namespace brelmon::test

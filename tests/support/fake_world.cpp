@@ -5,8 +5,7 @@
 #include <algorithm>
 
 #include "frame/errorhandling.h"
-
-#include "frame/errorhandling.h"
+#include "hosts/common/heldform.h"
 
 namespace brelmon::test {
 namespace {
@@ -48,7 +47,7 @@ class LayerFile : public IGxLayer, public IGxFile, public IGxObject {
     for (const auto& [path, layer] : world_.layerFiles) {
       if (EqualNoCase(path, path_)) return layer;
     }
-    Raise(failure::kFileNotFound);
+    host::Fail(failure::kInvalidCall, "There is no layer file " + ToUtf8(path_));
   }
 
  private:
@@ -74,7 +73,7 @@ Browsed Browser::Answer(const char* what) {
   Note(&world_.log, std::string(what) + " [" + ToUtf8(title_) + "] [" + ToUtf8(caption_) + "] at " +
                         ToUtf8(start_) + (multi_ ? " multi" : "") + " filter " +
                         std::to_string(static_cast<int>(filter_)) + " name " + ToUtf8(name_));
-  if (world_.browsed.empty()) Raise(failure::kInternal, Text(u"A catalog dialog was not answered"));
+  if (world_.browsed.empty()) host::Fail(failure::kInternal, "A catalog dialog was not answered");
   auto answer = world_.browsed.front();
   world_.browsed.pop_front();
   return answer;
@@ -90,7 +89,7 @@ bool Browser::DoModalOpen(std::int32_t, Ref<IEnumGxObject>& selection) {
 bool Browser::DoModalSave(std::int32_t) {
   const auto answer = Answer("Save");
   if (!answer.ok) return false;
-  const Text& chosen = At(answer.files, 0);
+  const Text& chosen = Of(answer.files, 0);
   const auto slash = chosen.rfind(u'\\');
   folder_ = chosen.substr(0, slash);
   name_ = chosen.substr(slash + 1);
@@ -100,26 +99,22 @@ bool Browser::DoModalSave(std::int32_t) {
 class ModelessFrame : public IModelessFrame, public IWindowPosition {
  public:
   explicit ModelessFrame(Log& log) : log_(log) {}
-  void Create(const Ref<IObject>& form) override { form_ = form.As<Form>().Shared(); }
+  void Create(const Ref<IObject>& form) override { form_.Take(form); }
   Text Caption() override { return caption_; }
   void SetCaption(const Text& caption) override { caption_ = caption; }
   bool Visible() override { return visible_; }
   void SetVisible(bool visible) override {
+    form_.Show(visible);
     visible_ = visible;
-    shown_ = visible ? form_.lock() : nullptr;
     Note(&log_, "Frame [" + ToUtf8(caption_) + "] " + (visible ? "shown" : "hidden"));
   }
-  std::int32_t Width() override {
-    return static_cast<std::int32_t>(form_.lock()->Width()) / kTwipsPerPixel;
-  }
-  std::int32_t Height() override {
-    return static_cast<std::int32_t>(form_.lock()->Height()) / kTwipsPerPixel;
-  }
+  std::int32_t Width() override { return form_.Width(); }
+  std::int32_t Height() override { return form_.Height(); }
+  bool Holds() const { return form_.Lock() != nullptr; }
 
  private:
   Log& log_;
-  std::weak_ptr<Form> form_;
-  std::shared_ptr<Form> shown_;
+  host::HeldForm form_;
   Text caption_;
   bool visible_ = false;
 };
@@ -144,9 +139,10 @@ class UniqueValuesOf : public IDataStatistics,
   void Read() {
     if (read_) return;
     read_ = true;
+    if (!cursor_) host::Fail(failure::kInvalidCall, "There is no cursor");
     std::map<Text, bool> seen;
     const std::int32_t index = cursor_.As<FakeCursor>()->FindField(field_);
-    if (index < 0) Raise(failure::kInvalidCall);
+    if (index < 0) host::Fail(failure::kInvalidCall, "The cursor has no such field");
     while (const auto row = cursor_->NextRow()) {
       const Value value = row->Value(index);
       if (!value.IsNull() && seen.emplace(value.ToText(), true).second) values_.push_back(value);
@@ -190,7 +186,7 @@ class Stream : public IByteStream {
   }
   void Write(const std::string& bytes) override { bytes_ += bytes; }
   void Close() override {
-    if (writes_ && world_.diskFull) Raise(failure::kDiskFull, 0);
+    if (writes_ && world_.diskFull) host::Fail(failure::kDiskFull);
   }
 
  private:
@@ -232,7 +228,7 @@ struct FakeWorld::Impl : IMessageBox,
   void Clear() override { world.clipboard.clear(); }
   void SetText(const Text& text) override { world.clipboard = text; }
   void SetFontSize(double points) override {
-    if (world.printerMissing) Raise(failure::kPrinter, 0);
+    if (world.printerMissing) host::Fail(failure::kPrinter);
     Note(&log, "Printer font " + std::to_string(static_cast<int>(points)));
   }
   void Print(const Text& text) override { world.printed.push_back(text); }
@@ -242,11 +238,13 @@ struct FakeWorld::Impl : IMessageBox,
   std::int32_t Attributes(const Text& path) override {
     if (world.FileAt(path)) return 0;
     if (world.HasFolder(path)) return 16;
-    Raise(failure::kFileNotFound, 0);
+    host::Fail(failure::kFileNotFound);
   }
   std::unique_ptr<IByteStream> Open(const Text& path, FileMode mode) override {
+    if (!world.HasFolder(path.substr(0, path.rfind(u'\\')))) host::Fail(failure::kPathNotFound);
+    if (world.HasFolder(path)) host::Fail(failure::kPathFileAccess);
     std::string* bytes = world.FileAt(path);
-    if (!bytes && mode == FileMode::Input) Raise(failure::kFileNotFound, 0);
+    if (!bytes && mode == FileMode::Input) host::Fail(failure::kFileNotFound);
     if (!bytes) bytes = &world.files[path];
     if (mode == FileMode::Output) bytes->clear();
     return std::make_unique<Stream>(world, *bytes, mode == FileMode::Input);
@@ -288,7 +286,7 @@ struct FakeWorld::Impl : IMessageBox,
     Note(&log, "Execute mode " + std::to_string(showMode));
   }
   void Run(const Text& program) override {
-    if (program.empty()) Raise(failure::kInvalidCall, 0);
+    if (program.empty()) host::Fail(failure::kInvalidCall);
     world.ran.push_back(program);
   }
   bool GetUserName(Text& name) override {
@@ -320,29 +318,33 @@ struct FakeWorld::Impl : IMessageBox,
     return window;
   }
   Ref<IDataStatistics> NewDataStatistics() override { return New<UniqueValuesOf>(); }
-  Ref<IStandaloneTable> NewStandaloneTable() override { return New<FakeStandaloneTable>(); }
+  Ref<IStandaloneTable> NewStandaloneTable() override {
+    auto table = New<FakeStandaloneTable>();
+    table->unbound = true;
+    return table;
+  }
   Ref<IWorkspaceFactory> NewShapefileWorkspaceFactory() override {
     return New<ShapefileFolder>(world, Text());
   }
   Ref<IBasicGeoprocessor> NewBasicGeoprocessor() override {
-    if (!world.geoprocessor) Raise(failure::kNotSupported, 0);
+    if (!world.geoprocessor) host::Fail(failure::kNotSupported);
     return world.geoprocessor;
   }
   Ref<IEnvelope> NewEnvelope() override { return New<FakeEnvelope>(); }
   Ref<IGxDialog> NewGxDialog() override { return New<Browser>(world); }
   Ref<IGxLayer> NewGxLayer() override { return New<LayerFile>(world); }
   Ref<ISummarizeDialog> NewSummarizeDialog() override {
-    if (!world.summarizeDialog) Raise(failure::kNotSupported, 0);
+    if (!world.summarizeDialog) host::Fail(failure::kNotSupported);
     return world.summarizeDialog;
   }
 
   void ShowModal(Form& form) override {
     const auto user = world.users.find(form.Name());
     if (user == world.users.end()) {
-      Raise(failure::kInternal, u"Nobody answers the form " + form.Name(), 0);
+      host::Fail(failure::kInternal, u"Nobody answers the form " + form.Name());
     }
     user->second(form);
-    if (form.Visible()) Raise(failure::kInternal, u"The form stayed open: " + form.Name(), 0);
+    if (form.Visible()) host::Fail(failure::kInternal, u"The form stayed open: " + form.Name());
   }
 };
 
@@ -381,7 +383,7 @@ class Application : public IApplication,
   std::int32_t Count() override { return 2; }
   Text Item(std::int32_t index) override {
     const std::vector<Text> paths = {u"C:\\Templates\\Normal.qgs", world_.path};
-    return At(paths, index);
+    return Of(paths, index);
   }
 
  private:
@@ -417,8 +419,10 @@ FakeWorld::FakeWorld()
 }
 
 FakeWorld::~FakeWorld() {
-  for (const auto& frame : frames) frame->SetVisible(false);  // frame and form keep each other
-  ErrorHandling::Reset();                                     // its dialog is this world's
+  for (const auto& frame : frames) {  // frame and form keep each other
+    if (frame.As<ModelessFrame>()->Holds()) frame->SetVisible(false);
+  }
+  ErrorHandling::Reset();  // its dialog is this world's
   SetServices(before_);
 }
 
@@ -433,8 +437,9 @@ bool FakeWorld::HasFolder(const Text& folder) const {
   Text prefix = Folded(folder);
   if (prefix.empty()) return false;
   if (prefix.back() != u'\\') prefix += u'\\';
-  return std::any_of(files.begin(), files.end(),
-                     [&](const auto& it) { return Folded(it.first).starts_with(prefix); });
+  const auto below = [&](const Text& each) { return Folded(each).starts_with(prefix); };
+  return below(path) ||
+         std::any_of(files.begin(), files.end(), [&](const auto& it) { return below(it.first); });
 }
 
 std::string Trails(const FakeWorld& world) {

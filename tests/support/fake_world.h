@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/collection.h"
+#include "platform/services.h"
 #include "tests/support/fake_map.h"
 #include "toolkit/controls.h"
 #include "toolkit/formhost.h"
@@ -81,7 +82,7 @@ class FakeWorld {
   /// Value of a registry entry, as the tools read it.
   void SetRegistry(const Text& rootKeyName, Value value) { registry[rootKeyName] = value; }
   std::string* FileAt(const Text& filePath);
-  bool HasFolder(const Text& folder) const;  // some file lies in it
+  bool HasFolder(const Text& folder) const;  // some file, or the document, lies in it
 
  private:
   Services before_;

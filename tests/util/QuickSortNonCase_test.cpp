@@ -68,13 +68,6 @@ TEST(LongAscending, SortsEveryOrder) {
   }
 }
 
-TEST(LongAscending, LeavesTheRestAlone) {
-  Longs values = {9, 8, 7, 6, 5, 4};
-  LongAscending(values, 1, 4);
-  LongAscending(values, 4, 1);
-  EXPECT_EQ(values, (Longs{9, 5, 6, 7, 8, 4}));
-}
-
 TEST(LongAscending, FailsOutOfBounds) {
   const struct {
     Longs values;
@@ -172,27 +165,6 @@ TEST(StringsAscending, TakesNoNoticeOfCase) {
   StringsAscending(names, 0, Last(names));
   EXPECT_EQ(names, (std::vector<Text>{u"", u"10", u"9", u"_x", u"Z", u"Zeb", u"zebra", u"\u00C4",
                                       u"\u00E4b"}));
-}
-
-TEST(DatesAscending, ComparesDays) {
-  std::vector<Date> values = {{40000.9}, {39999.2}, {40000.1}, {-3.5}, {0}};
-  DatesAscending(values, 0, Last(values));
-  std::vector<std::int32_t> days;
-  for (const Date date : values) days.push_back(DateToJulian(date));
-  EXPECT_EQ(days, (std::vector<std::int32_t>{-3, 0, 39999, 40000, 40000}));
-  EXPECT_DOUBLE_EQ(values[3].Serial + values[4].Serial, 80001);
-}
-
-TEST(DatesAscending, ShowsADateOutsideTheCalendar) {
-  test::FakeWorld world;
-  std::vector<Date> values = {{2}, {1e9}, {1}};
-  DatesAscending(values, 0, 2);
-  EXPECT_EQ(values, (std::vector<Date>{{2}, {1e9}, {1}}));
-  const std::string trail = test::Trails(world);
-  EXPECT_LT(trail.find("DatesAscending"), trail.find("DateToJulian"));
-  EXPECT_NE(trail.find("DateToJulian"), std::string::npos);
-  DatesAscending(values, 2, 2);
-  EXPECT_EQ(world.trails.size(), 1u);
 }
 
 }  // namespace

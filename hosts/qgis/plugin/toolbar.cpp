@@ -13,6 +13,7 @@
 #include <QToolBar>
 
 #include "frame/commandtable.h"
+#include "hosts/common/baritems.h"
 #include "hosts/common/componentloader.h"
 #include "hosts/common/enabledquestion.h"
 #include "hosts/qgis/qgishost.h"
@@ -21,15 +22,6 @@
 
 namespace brelmon::qgis {
 namespace {
-
-class ItemDef : public virtual IItemDef {
- public:
-  void SetID(const Text& progId) override { id = progId; }
-  void SetGroup(bool begins) override { group = begins; }
-  void SetSubType(std::int32_t) override {}
-  Text id;
-  bool group = false;
-};
 
 QString ClassOf(const Text& progId) { return ToQt(progId).section(QLatin1Char('.'), -1); }
 
@@ -69,14 +61,12 @@ class ToolbarOfQgis : public Toolbar {
     const auto definition = component_.CreateObject(ProgIdOf(kToolBarClass)).As<IToolBarDef>(0);
     bar_ = iface_.addToolBar(ToQt(definition->Caption()));
     bar_->setObjectName(QStringLiteral("BrelmonTools"));
-    for (std::int32_t at = 0; at < definition->ItemCount(); ++at) {
-      auto item = New<ItemDef>();
-      definition->GetItemInfo(at, item);
-      if (item->group) {
+    for (const host::BarItem& item : host::ItemsOf(definition)) {
+      if (item.Group) {
         bar_->addSeparator();
         menu_->addSeparator();
       }
-      QAction* action = Add(item->id);
+      QAction* action = Add(item.ProgId);
       bar_->addAction(action);
       menu_->addAction(action);
     }

@@ -10,7 +10,7 @@
 #include <optional>
 #include <vector>
 
-#include "hosts/common/hostfailure.h"
+#include "hosts/common/heldform.h"
 #include "hosts/qgis/qgishost.h"
 #include "hosts/qgis/view/formview.h"
 #include "hosts/qgis/view/formwindow.h"
@@ -88,7 +88,7 @@ class ModelessFrame : public virtual IModelessFrame,
     std::erase(Frames(), this);
   }
 
-  void Create(const Ref<IObject>& form) override { form_ = form.As<Form>(0).Shared(); }
+  void Create(const Ref<IObject>& form) override { form_.Take(form); }
   Text Caption() override { return caption_; }
   void SetCaption(const Text& caption) override {
     caption_ = caption;
@@ -96,24 +96,18 @@ class ModelessFrame : public virtual IModelessFrame,
   }
   bool Visible() override { return window_ != nullptr; }
   void SetVisible(bool visible) override {
-    const auto form = form_.lock();
-    if (!form) host::Fail(failure::kObjectNotSet);
-    if (!visible) {
-      Drop();
-      shown_.reset();
-      form->SetVisibleInFrame(false);
-      return;
-    }
-    shown_ = form;
-    form->SetVisibleInFrame(true);
+    const auto form = form_.Get();
+    if (!visible) Drop();
+    form_.Show(visible);
+    if (!visible) return;
     if (!window_) Open(*form);
     if (place_) window_->move(*place_);
     FloatAbove(window_);
     BringUp(*window_);
     window_->View().ShowFocus();
   }
-  std::int32_t Width() override { return Pixels(Measure().width); }
-  std::int32_t Height() override { return Pixels(Measure().height); }
+  std::int32_t Width() override { return host::HeldForm::Pixels(Measure().width); }
+  std::int32_t Height() override { return host::HeldForm::Pixels(Measure().height); }
 
  private:
   struct Size {
@@ -125,12 +119,8 @@ class ModelessFrame : public virtual IModelessFrame,
       const FormView& view = window_->View();
       return {view.ToTwips(window_->width()), view.ToTwips(window_->height())};
     }
-    const auto form = form_.lock();
-    if (!form) host::Fail(failure::kObjectNotSet);
+    const auto form = form_.Get();
     return {form->Width(), form->Height()};
-  }
-  static std::int32_t Pixels(Twips twips) {
-    return static_cast<std::int32_t>(twips) / kTwipsPerPixel;
   }
 
   void Open(Form& form) {
@@ -138,7 +128,7 @@ class ModelessFrame : public virtual IModelessFrame,
         form,
         [this] {
           const auto alive = shared_from_this();
-          if (!form_.expired()) SetVisible(false);
+          if (form_.Lock()) SetVisible(false);
         },
         [this] { Drop(); });
     if (!caption_.empty()) window_->SetTitle(caption_);
@@ -158,8 +148,7 @@ class ModelessFrame : public virtual IModelessFrame,
     window->deleteLater();
   }
 
-  std::weak_ptr<Form> form_;     // the form holds its frame
-  std::shared_ptr<Form> shown_;  // which holds the form while a user can see it
+  host::HeldForm form_;
   Text caption_;
   std::optional<QPoint> place_;  // where it stood last
   QPointer<FrameWindow> window_;

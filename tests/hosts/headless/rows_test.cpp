@@ -27,16 +27,6 @@ class RowsTest : public testing::Test {
   HeadlessHost* host = nullptr;
 };
 
-TEST_F(RowsTest, OnlyTheFieldAskedForIsRead) {
-  // The clause tests another field than the one that is read.
-  const Ref<ICursor> cursor = Table(u"s")->Search(Where(u"\"n9\" = -1", u"TXT"), true);
-  const Ref<IRowBuffer> row = cursor->NextRow();
-  ASSERT_TRUE(row);
-  EXPECT_EQ(row->Value(3).ToText(), u"O'Brien");
-  EXPECT_TRUE(row->Value(4).IsEmpty());
-  EXPECT_EQ(NumberOf([&] { Table(u"s")->Search(Where(u"", u"TXTT"), true); }), failure::kRefused);
-}
-
 TEST_F(RowsTest, QueriesGoToTheSourceAsTyped) {
   struct Row {
     const char16_t* layer;
@@ -66,28 +56,12 @@ TEST_F(RowsTest, QueriesGoToTheSourceAsTyped) {
   }
 }
 
-TEST_F(RowsTest, SelectionsOutliveFilters) {
-  const Ref<ILayer> layer = module.Layer(u"g");
-  const Ref<ITableSelection> selection = layer.As<ITableSelection>();
-  selection->SelectRows(Where(u"\"fid\" < 3"), SelectionMethod::New, false);
-  layer.As<ITableDefinition>()->SetDefinitionExpression(u"\"fid\" > 1");
-  const Ref<ISelectionSet> set = selection->SelectionSet();
-  EXPECT_EQ(set->Count(), 2);
-  const Ref<ICursor> shown = set->Search({}, true);
-  EXPECT_EQ(shown->NextRow()->Value(0).ToLong(), 2);
-  EXPECT_FALSE(shown->NextRow());
-  selection->SelectRows({}, SelectionMethod::Xor, false);  // of the rows that are shown
-  layer.As<ITableDefinition>()->SetDefinitionExpression(u"");
-  const Ref<ICursor> all = set->Search({}, true);
-  EXPECT_EQ(all->NextRow()->Value(0).ToLong(), 1);
-  EXPECT_EQ(all->NextRow()->Value(0).ToLong(), 3);
-}
-
 TEST_F(RowsTest, GraphicsComeFromTheProjectsReferenceSystem) {
   // 1113195 6446275 in the project's metres is 10 degrees east, 50 north.
-  host->SetGraphics({"POLYGON((1100000 6400000,1200000 6500000,1100000 6500000,1100000 6400000))",
-                     "POLYGON((1100000 6400000,1200000 6400000,1200000 6500000,1100000 6400000))",
-                     "POINT(10 50)"});
+  host->SetGraphics(
+      {"POLYGON((1100000 6400000,1200000 6500000,1100000 6500000,1100000 6400000))",
+       "POLYGON((1100000 6400000,1200000 6400000,1200000 6500000,1100000 6400000))", "POINT(10 50)",
+       "POLYGON((2200000 -6400000,2300000 -6500000,2200000 -6500000,2200000 -6400000))"});
   const auto filter = New<ISpatialFilter>();
   filter->GeometryField = u"SHAPE";
   filter->SpatialRel = 1;
@@ -100,7 +74,20 @@ TEST_F(RowsTest, GraphicsComeFromTheProjectsReferenceSystem) {
     hits.push_back(Selected(u"s"));
   }
   // Both boxes hold the point, one triangle does; degrees are no metres.
-  EXPECT_EQ(hits, (std::vector<std::int32_t>{1, 0, 0}));
+  EXPECT_EQ(hits, (std::vector<std::int32_t>{1, 0, 0, 1}));
+}
+
+TEST_F(RowsTest, GraphicsInDegreesMeetALayerInMetres) {
+  host = &module.Open({{"s", "sites.shp", "ogr", "Point",
+                        "<srs><spatialrefsys><authid>EPSG:3857</authid></spatialrefsys></srs>"}});
+  host->SetGraphics({"POLYGON((0.00015 -1, 1 -1, 1 1, 0.00015 1, 0.00015 -1))"});
+  const auto filter = New<ISpatialFilter>();
+  filter->GeometryField = u"Shape";
+  filter->SpatialRel = 1;
+  filter->Geometry =
+      host->Document()->FocusMap()->ActiveGraphicsLayer()->SelectedElements()->Next()->Geometry();
+  module.Layer(u"s").As<IFeatureSelection>()->SelectFeatures(filter, SelectionMethod::New, false);
+  EXPECT_EQ(Selected(u"s"), 2);
 }
 
 TEST_F(RowsTest, LayersOfARemovedFrameAreGone) {

@@ -30,26 +30,6 @@ class SourceTest : public testing::Test {
   Module module;
 };
 
-TEST_F(SourceTest, Shapefile) {
-  MakeShapefile(module.Path("sites.shp"));
-  module.Open({{"s", "./sites.shp"}, {"other case", "SITES.Shp"}});
-  EXPECT_EQ(Dump(module.Layer(u"s")),
-            "N9:1 N10:3 N4_1:3 TXT:4 DAY:5 / 999999999 9999999999 1.5 b\xC3\xA4r 2/29/2020"
-            "/ -1 -2 -9.5 O'Brien 12/31/1999/ ~ ~ ~ ~ ~");
-  EXPECT_TRUE(module.Layer(u"other case")->Valid());
-  EXPECT_EQ(module.Layer(u"s").As<IFeatureLayer>()->DataSourceType(), u"Shapefile Feature Class");
-}
-
-TEST_F(SourceTest, GeoPackage) {
-  MakeGeoPackage(module.Path("g.gpkg"));
-  module.Open({{"g", "g.gpkg|layername=sites"}, {"no such table", "g.gpkg|layername=sights"}});
-  EXPECT_EQ(Dump(module.Layer(u"g")),
-            "fid:6 NAME:4 BIG:3 SMALL:0 WHEN:5 RATIO:2 "
-            "/ 1 north 5000000000 7 2/3/2020 4:06:00 AM 0.5"
-            "/ 2 south -1 -7 1/1/1950 ~/ 3 ~ ~ ~ ~ ~");
-  EXPECT_FALSE(module.Layer(u"no such table")->Valid());
-}
-
 TEST_F(SourceTest, GeoJson) {
   module.Write("p.geojson",
                R"({"type":"FeatureCollection","features":[
@@ -68,7 +48,8 @@ TEST_F(SourceTest, DelimitedText) {
                 text, "Point", "", latin},
                {"rows", "file://" + module.Path("p%201.csv") + "?type=csv&amp;geomType=none", text,
                 "No geometry", "", latin},
-               {"odd", "file:p%201.csv?delimiter=%23", text}});
+               {"odd", "file:p%201.csv?delimiter=%23", text},
+               {"escaped", "file:p%201.csv?delimiter=%3B&amp;xField=lon&amp;yField=lat", text}});
   EXPECT_EQ(Dump(module.Layer(u"points")),
             "lon:3 lat:3 name:4 n:1 / 10 50 K\xC3\xB6ln 1/ 20 60 ~ ~");
   const auto filter = New<IQueryFilter>();
@@ -76,13 +57,15 @@ TEST_F(SourceTest, DelimitedText) {
   EXPECT_EQ(module.Layer(u"points").As<ITable>()->RowCount(filter), 1);
   EXPECT_EQ(module.Table(u"rows")->Table()->RowCount({}), 2);
   EXPECT_FALSE(module.Layer(u"odd")->Valid());
+  EXPECT_TRUE(module.Layer(u"escaped")->Valid());
 }
 
 TEST_F(SourceTest, CodePageOfTheProjectWins) {
-  MakeShapefile(module.Path("sites.shp"));
-  std::filesystem::remove(module.Path("sites.cpg"));
-  module.Open({{"latin", "sites.shp", "ogr", "Point", "", "ISO-8859-1"},
-               {"cyrillic", "sites.shp", "ogr", "Point", "", "CP1251"}});
+  std::filesystem::create_directory(module.Path("data"));
+  MakeShapefile(module.Path("data/sites.shp"));
+  std::filesystem::remove(module.Path("data/sites.cpg"));
+  module.Open({{"latin", "data\\sites.shp", "ogr", "Point", "", "ISO-8859-1"},
+               {"cyrillic", "./data/sites.shp", "ogr", "Point", "", "CP1251"}});
   EXPECT_NE(Dump(module.Layer(u"latin")).find("b\xC3\xA4r"), std::string::npos);
   EXPECT_NE(Dump(module.Layer(u"cyrillic")).find("b\xD0\xB4r"), std::string::npos);
 }
@@ -106,22 +89,6 @@ TEST_F(SourceTest, WhatCannotBeReachedIsInvalidAndSaysWhy) {
     EXPECT_EQ(item.object.As<ITableFields>()->FieldCount(), 0);
     EXPECT_FALSE(item.object.As<ITableSelection>()->SelectionSet());
   }
-}
-
-TEST_F(SourceTest, AliasesAndHiddenFields) {
-  MakeShapefile(module.Path("sites.shp"));
-  module.Open({{"s", "sites.shp|subset=\"N9\" = -1", "ogr", "Point",
-                "<aliases><alias field=\"N9\" name=\"Nine\" index=\"0\"/>"
-                "<alias field=\"TXT\" name=\"\" index=\"3\"/></aliases>"
-                "<attributetableconfig><columns><column type=\"field\" name=\"DAY\" hidden=\"1\"/>"
-                "<column type=\"actions\" hidden=\"1\"/></columns></attributetableconfig>"}});
-  const auto fields = module.Layer(u"s").As<ILayerFields>();
-  EXPECT_EQ(fields->FieldInfo(0)->Alias(), u"Nine");
-  EXPECT_EQ(fields->FieldInfo(3)->Alias(), u"TXT");
-  EXPECT_FALSE(fields->FieldInfo(4)->Visible());
-  EXPECT_TRUE(fields->FieldInfo(0)->Visible());
-  EXPECT_EQ(module.Layer(u"s").As<ITable>()->RowCount({}), 1);
-  EXPECT_EQ(module.Layer(u"s").As<ITableDefinition>()->DefinitionExpression(), u"\"N9\" = -1");
 }
 
 }  // namespace
