@@ -21,6 +21,12 @@ void ExpectFailure(std::int32_t number, const std::function<void()>& body, const
   throw std::runtime_error(what + " did not fail");
 }
 
+Text ModuleFolder(World& world) {
+  const Ref<ITemplates> templates = world.Application()->Templates();
+  const Text path = templates->Item(templates->Count() - 1);
+  return path.substr(0, path.rfind(u'\\') + 1);
+}
+
 Ref<ILayer> LayerNamed(World& world, const Text& name) {
   const Ref<IEnumLayer> layers = world.Document()->FocusMap()->Layers({}, true);
   layers->Reset();

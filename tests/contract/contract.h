@@ -72,6 +72,8 @@ void ExpectEqual(const A& is, const B& due, const std::string& what) {
 void ExpectFailure(std::int32_t number, const std::function<void()>& body, const std::string& what,
                    TextView source = u"Brelmon host");
 
+/// With the backslash.
+Text ModuleFolder(World& world);
 /// By name in the focus map; failing that, the case fails.
 Ref<ILayer> LayerNamed(World& world, const Text& name);
 Ref<IStandaloneTable> TableNamed(World& world, const Text& name);

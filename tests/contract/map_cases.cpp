@@ -6,12 +6,6 @@
 namespace brelmon::contract {
 namespace {
 
-Text ModuleFolder(World& world) {
-  const Ref<ITemplates> templates = world.Application()->Templates();
-  const Text path = templates->Item(templates->Count() - 1);
-  return path.substr(0, path.rfind(u'\\') + 1);
-}
-
 void DeletedLayersFail(World& world) {
   const Ref<IMap> map = world.Document()->FocusMap();
   const Ref<ILayer> storms = LayerNamed(world, u"storms");
