@@ -2,6 +2,7 @@
 // A filter before the stream's own buffer.
 #include "cli/visibletext.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdio>
 
@@ -15,6 +16,9 @@ bool Steers(std::uint32_t character) {
          (character >= 0x2028 && character <= 0x202E) ||
          (character >= 0x2066 && character <= 0x2069);
 }
+
+/// A whole character that is shown as it is.
+bool IsPlain(char byte) { return (byte >= 0x20 && byte < 0x7F) || byte == '\n' || byte == '\t'; }
 
 /// Bytes of the character that begins so; 1 for what begins none.
 std::size_t LengthOf(unsigned char first) {
@@ -50,10 +54,20 @@ VisibleText::int_type VisibleText::overflow(int_type byte) {
 }
 
 std::streamsize VisibleText::xsputn(const char* bytes, std::streamsize count) {
-  for (std::streamsize i = 0; i < count; ++i) {
-    if (!Put(bytes[i])) return i;
+  const char* at = bytes;
+  const char* const end = bytes + count;
+  while (at != end) {
+    const char* const plain = begun_.empty() ? std::find_if_not(at, end, IsPlain) : at;
+    if (plain == at) {
+      if (!Put(*at)) break;
+      ++at;
+      continue;
+    }
+    const std::streamsize taken = under_->sputn(at, plain - at);
+    at += taken;
+    if (at != plain) break;
   }
-  return count;
+  return at - bytes;
 }
 
 int VisibleText::sync() { return Flush() ? under_->pubsync() : -1; }

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstring>
+#include <limits>
 
 namespace brelmon::columns {
 namespace {
@@ -13,9 +15,17 @@ bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 /// What C would take for the text, without blanks at both ends.
 std::string_view Bare(std::string_view bytes) {
   bytes = bytes.substr(0, bytes.find('\0'));
-  const std::size_t first = bytes.find_first_not_of(' ');
-  if (first == std::string_view::npos) return {};
-  return bytes.substr(first, bytes.find_last_not_of(' ') - first + 1);
+  const auto isBlank = [](char c) { return c == ' '; };
+  const auto first = std::find_if_not(bytes.begin(), bytes.end(), isBlank);
+  const auto last = std::find_if_not(bytes.rbegin(), bytes.rend(), isBlank);
+  return first == bytes.end() ? std::string_view() : std::string_view(first, last.base());
+}
+
+/// Whether a number is written as programs write it, not as a word or in another base.
+bool IsUsual(std::string_view text) {
+  return std::all_of(text.begin(), text.end(), [](char c) {
+    return IsDigit(c) || c == '.' || c == '-' || c == '+' || c == 'e' || c == 'E';
+  });
 }
 
 template <class Number>
@@ -54,6 +64,24 @@ constexpr double kPowers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                               1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
 constexpr std::uint64_t kExact = std::uint64_t{1} << 53;
 
+/// The quotient of both, rounded once, where that can be told; a long double of 64 bits holds
+/// either exactly.
+bool Quotient(std::uint64_t digits, int decimals, double& value) {
+  if (digits <= kExact) {
+    value = static_cast<double>(digits) / kPowers[decimals];
+    return true;
+  }
+  using Long = long double;
+  if constexpr (std::numeric_limits<Long>::digits != 64) return false;
+  const Long quotient = static_cast<Long>(digits) / static_cast<Long>(kPowers[decimals]);
+  std::uint64_t mantissa = 0;
+  std::memcpy(&mantissa, &quotient, sizeof mantissa);
+  // Just between two doubles it may have been rounded there.
+  if ((mantissa & 0x7FF) == 0x400) return false;
+  value = static_cast<double>(quotient);
+  return true;
+}
+
 }  // namespace
 
 DbfCell WholeCell(std::string_view bytes, std::int64_t& value) {
@@ -70,16 +98,13 @@ DbfCell WholeCell(std::string_view bytes, std::int64_t& value) {
 
 DbfCell RealCell(std::string_view bytes, double& value) {
   const PlainNumber plain(bytes);
-  // Both parts of the quotient are exact, so it is rounded once, as it should be.
-  if (plain.found && plain.count <= 19 && plain.digits <= kExact) {
-    value = static_cast<double>(plain.digits) / kPowers[plain.decimals];
+  if (plain.found && plain.count <= 19 && Quotient(plain.digits, plain.decimals, value)) {
     if (plain.negative) value = -value;
     return DbfCell::Value;
   }
   const std::string_view text = Bare(bytes);
   if (text.empty()) return DbfCell::Null;
-  const bool usual = text.find_first_not_of("0123456789.+-eE") == std::string_view::npos;
-  return usual && Parse(text, value) ? DbfCell::Value : DbfCell::Odd;
+  return IsUsual(text) && Parse(text, value) ? DbfCell::Value : DbfCell::Odd;
 }
 
 DbfCell DateCell(std::string_view bytes, Moment& value) {

@@ -1,34 +1,27 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// A connection of our own knows no extension: what a virtual table would call isn't called.
+// What each table of the database is.
 #include "hosts/data/databaseschema.h"
 
 #include <cpl_string.h>
 #include <cpl_vsi.h>
-#include <sqlite3.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <cctype>
 #include <cstring>
-#include <memory>
 #include <string_view>
+
+#include "hosts/data/sqlitedatabase.h"
 
 namespace brelmon::data {
 namespace {
 
 constexpr std::string_view kMagic("SQLite format 3\0", 16);
-constexpr vsi_l_offset kLargestInArchive = vsi_l_offset{256} << 20;
 
 /// Modules whose tables are indexes of the tables beside them.
 constexpr std::array<std::string_view, 8> kModules = {
     "rtree",      "rtree_i32", "fts3", "fts4", "fts5", "virtualspatialindex", "virtualelementary",
     "virtualknn2"};
-
-struct CloseDatabase {
-  void operator()(sqlite3* database) const { sqlite3_close(database); }
-};
-using Database = std::unique_ptr<sqlite3, CloseDatabase>;
 
 bool IsDatabase(const std::string& path) {
   VSIStatBufL status;
@@ -39,48 +32,6 @@ bool IsDatabase(const std::string& path) {
   const std::size_t got = VSIFReadL(head.data(), 1, head.size(), file);
   VSIFCloseL(file);
   return std::string_view(head.data(), got) == kMagic;
-}
-
-Database OpenedAs(const std::string& name, int flags) {
-  sqlite3* opened = nullptr;
-  const int status = sqlite3_open_v2(name.c_str(), &opened, SQLITE_OPEN_READONLY | flags, nullptr);
-  Database database(opened);
-  // A file is looked at only when something is asked of it.
-  const bool readable = status == SQLITE_OK && sqlite3_exec(opened, "SELECT 1 FROM sqlite_master",
-                                                            nullptr, nullptr, nullptr) == SQLITE_OK;
-  return readable ? std::move(database) : nullptr;
-}
-
-std::string Uri(const std::string& path) {
-  char* escaped = CPLEscapeString(path.c_str(), -1, CPLES_URL);
-  std::string uri = std::string("file:") + escaped + "?immutable=1";
-  CPLFree(escaped);
-  return uri;
-}
-
-/// One in an archive is read into memory.
-Database InMemory(const std::string& path) {
-  GByte* bytes = nullptr;
-  vsi_l_offset size = 0;
-  if (!VSIIngestFile(nullptr, path.c_str(), &bytes, &size, kLargestInArchive)) return nullptr;
-  const std::unique_ptr<GByte, decltype(&VSIFree)> owner(bytes, VSIFree);
-  Database database = OpenedAs(":memory:", 0);
-  auto* copy = static_cast<unsigned char*>(sqlite3_malloc64(size));
-  if (!database || copy == nullptr) return nullptr;
-  std::copy_n(bytes, size, copy);
-  const auto length = static_cast<sqlite3_int64>(size);
-  const int status =
-      sqlite3_deserialize(database.get(), "main", copy, length, length,
-                          SQLITE_DESERIALIZE_FREEONCLOSE | SQLITE_DESERIALIZE_READONLY);
-  return status == SQLITE_OK ? std::move(database) : nullptr;
-}
-
-Database Opened(const std::string& path) {
-  if (path.rfind("/vsi", 0) == 0) return InMemory(path);
-  Database database = OpenedAs(path, 0);
-  // One with a log of its own wants to write beside itself, which a folder may not allow.
-  const bool logged = ::access((path + "-wal").c_str(), F_OK) == 0;
-  return database || logged ? std::move(database) : OpenedAs(Uri(path), SQLITE_OPEN_URI);
 }
 
 std::string Column(sqlite3_stmt* row, int column) {
@@ -131,7 +82,7 @@ bool KeepsToItsDatabase(const std::string& sql) {
 
 std::string RefusalOfSchema(const std::string& path) {
   if (!IsDatabase(path)) return {};
-  const Database database = Opened(path);
+  const Database database = OpenDatabase(path);
   sqlite3_stmt* rows = nullptr;
   // The program's own word for what a table is; its text may hold anything.
   constexpr const char* kVirtual =
@@ -141,7 +92,7 @@ std::string RefusalOfSchema(const std::string& path) {
     return "its schema can't be read" +
            (database ? std::string(": ") + sqlite3_errmsg(database.get()) : std::string());
   }
-  const std::unique_ptr<sqlite3_stmt, decltype(&sqlite3_finalize)> owner(rows, sqlite3_finalize);
+  const Statement owner(rows);
   int status = SQLITE_ROW;
   while ((status = sqlite3_step(rows)) == SQLITE_ROW) {
     if (!KeepsToItsDatabase(Column(rows, 1))) {

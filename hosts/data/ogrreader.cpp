@@ -6,18 +6,12 @@
 
 #include "hosts/columns/querytokens.h"
 #include "hosts/common/hostfailure.h"
+#include "hosts/data/rowfiller.h"
 
 namespace brelmon::data {
 namespace {
 
 using columns::Batch, columns::ColumnBuffer, columns::Storage;
-
-constexpr std::size_t kRows = 1024;
-
-struct FeatureBatch : Batch {
-  std::vector<ColumnBuffer> buffers;
-  columns::TextRoom texts;
-};
 
 void IgnoreTheRest(const VectorSource& source, const std::vector<std::size_t>& fields,
                    OGRLayer& layer) {
@@ -35,57 +29,33 @@ void IgnoreTheRest(const VectorSource& source, const std::vector<std::size_t>& f
   layer.SetIgnoredFields(const_cast<const char**>(ignored.List()));
 }
 
-class FeatureReader : public columns::IBatchReader {
+class FeatureReader : public RowFiller {
  public:
   FeatureReader(std::shared_ptr<VectorSource> source, std::vector<std::size_t> fields)
-      : source_(std::move(source)), fields_(std::move(fields)), layer_(source_->Open()) {}
+      : RowFiller(std::move(source), std::move(fields)), layer_(source_->Open()) {}
 
   std::shared_ptr<Batch> Next() override {
-    if (ended_) return nullptr;
-    Start();
     const ErrorWatch watch;
-    Batch& batch = *batch_;
-    while (batch.Rows < kRows) {
-      const OGRFeatureUniquePtr feature = NextFeature();
-      if (!feature) {
-        ended_ = true;
-        break;
-      }
-      for (const std::size_t field : fields_) {
-        TakeValue(*source_, *feature, field, batch_->buffers[field], batch.Rows, batch_->texts);
-      }
-      batch.Ids[batch.Rows] = feature->GetFID();
-      batch.Live.push_back(static_cast<std::uint32_t>(batch.Rows++));
-    }
+    auto batch = RowFiller::Next();
     CheckReading(*source_, watch);
-    if (batch.Rows == 0) return nullptr;
-    for (const std::size_t field : fields_) batch.Columns[field] = batch_->buffers[field].View();
-    return batch_;
+    return batch;
   }
 
  protected:
   virtual OGRFeatureUniquePtr NextFeature() = 0;
-
-  std::shared_ptr<VectorSource> source_;
-  std::vector<std::size_t> fields_;
   VectorSource::Handle layer_;
 
  private:
-  void Start() {
-    if (!batch_ || batch_.use_count() > 1) batch_ = std::make_shared<FeatureBatch>();
-    batch_->Rows = 0;
-    batch_->Ids.resize(kRows);
-    batch_->Live.clear();
-    batch_->texts.Clear();
-    batch_->Columns.assign(source_->Fields().size(), {});
-    batch_->buffers.resize(source_->Fields().size());
-    for (const std::size_t field : fields_) {
-      batch_->buffers[field].Start(source_->Fields()[field].Stored, kRows);
-    }
+  std::optional<std::int64_t> NextRow() override {
+    feature_ = NextFeature();
+    if (!feature_) return {};
+    return feature_->GetFID();
   }
-
-  std::shared_ptr<FeatureBatch> batch_;
-  bool ended_ = false;
+  void Take(std::size_t field, ColumnBuffer& column, std::size_t row,
+            columns::TextRoom& texts) override {
+    TakeValue(*source_, *feature_, field, column, row, texts);
+  }
+  OGRFeatureUniquePtr feature_;
 };
 
 class RowsInOrder : public FeatureReader {

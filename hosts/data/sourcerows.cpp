@@ -11,11 +11,15 @@
 #include "hosts/common/hostfailure.h"
 #include "hosts/data/clauses.h"
 #include "hosts/data/ogrreader.h"
+#include "hosts/data/sqlitereader.h"
 
 namespace brelmon::data {
 namespace {
 
 using columns::Batch, columns::Field, columns::IBatchReader, columns::RowIds, columns::RowRequest;
+
+/// An index of more records is large enough to be let go and read again.
+constexpr std::int64_t kManyRecords = 2'000'000;
 
 [[noreturn]] void Refuse(const std::string& reason) {
   host::Fail(failure::kRefused, "The query was refused: " + reason + ".");
@@ -88,7 +92,11 @@ std::unique_ptr<IBatchReader> VectorSource::Read(const RowRequest& request) {
 
 /// Under the clause, without regard to identifiers.
 std::unique_ptr<IBatchReader> VectorSource::ReadWhole(const RowRequest& request) {
-  if (ownSql_) return ReadFeatures(shared_from_this(), request.Fields, request.Clause);
+  if (ownSql_) {
+    auto rows = ReadSqlite(shared_from_this(), request.Fields, request.Clause);
+    return rows ? std::move(rows)
+                : ReadFeatures(shared_from_this(), request.Fields, request.Clause);
+  }
   std::shared_ptr<const columns::Where> where;
   std::set<std::size_t> fields(request.Fields.begin(), request.Fields.end());
   if (!columns::IsBlank(request.Clause)) {
@@ -97,6 +105,8 @@ std::unique_ptr<IBatchReader> VectorSource::ReadWhole(const RowRequest& request)
   }
   const std::vector<std::size_t> read(fields.begin(), fields.end());
   const auto plain = PlainTable();
+  // GDAL keeps the index of a shapefile's shapes, which nobody needs while its table is read.
+  if (plain && plain->layout.records > kManyRecords) HandlePool::Instance().Drop(this);
   auto rows = plain ? columns::ReadDbf(plain, read) : ReadFeatures(shared_from_this(), read, {});
   if (!where) return rows;
   return columns::Thinned(std::move(rows), [where](Batch& batch) { where->Keep(batch); });

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // One answer whatever kind of source the rows come from: clauses, filters, values, summaries.
+#include "platform/windows.h"
 #include "platform/workspace.h"
 #include "tests/contract/contract.h"
 
@@ -128,6 +129,28 @@ void ClearingAFilterOfTheProject(World& world) {
   ExpectEqual(Rows(table, table.As<ITable>()->Search({}, true)), "01234567", "all rows");
 }
 
+/// A column is what its last line makes it; without types asked for all are of texts.
+void TypesOfDelimitedText(World& world) {
+  const Text folder = ModuleFolder(world);
+  std::string lines = "X,Y,CODE\n";
+  for (int i = 0; i < 100'000; ++i) lines += "1,2," + std::to_string(1'000'000 + i) + "\n";
+  const auto file = world.Files().Open(folder + u"late.csv", FileMode::Output);
+  file->Write(lines + "1,2,last\n");
+  file->Close();
+  const Ref<IGxLayer> late = world.Objects().NewGxLayer();
+  late.As<IGxFile>()->SetPath(folder + u"late.qlr");
+  world.Document()->FocusMap()->AddLayer(late->Layer());
+  const Ref<ILayer> added = LayerNamed(world, u"late");
+  ExpectEqual(FirstValue(added, u"CODE", u"\"CODE\" > '2'").ToText(), u"last", "a text far down");
+  ExpectEqual(added.As<ITable>()->RowCount(Where(u"\"CODE\" = '1000007'")), 1, "its neighbours");
+  const Ref<IStandaloneTable> plain = TableNamed(world, u"plain");
+  const Ref<IFields> fields = plain.As<IClass>()->Fields();
+  for (std::int32_t i = 0; i < fields->FieldCount(); ++i) {
+    Expect(fields->Field(i)->Type() == FieldType::String, ToUtf8(fields->Field(i)->Name()));
+  }
+  ExpectRows(plain, u"\"VAL\" = '1.5'", "06", "a number as text");
+}
+
 void UniqueValuesOfEachKind(World& world) {
   for (const Text& name : kTables) {
     const Ref<IObject> table = Called(world, name);
@@ -209,7 +232,11 @@ void MembersOfTheMap(World& world) {
   ExpectFailure(
       failure::kObjectNotSet, [&] { maps->Remove({}); }, "removing an unset map");
   // One layer in two frames: what goes with one of them stays in the other.
-  maps->Remove(maps->Item(1));
+  const Ref<IMap> second = maps->Item(1);
+  second->DeleteLayer(second->Layers({}, true)->Next());
+  ExpectEqual(second->LayerCount(), 0, "layers of the second frame once its one is deleted");
+  ExpectEqual(LayerNamed(world, u"points").As<ITable>()->RowCount({}), 8, "its other place");
+  maps->Remove(second);
   ExpectEqual(LayerNamed(world, u"points").As<ITable>()->RowCount({}), 8, "the layer that stays");
 }
 
@@ -219,6 +246,7 @@ std::vector<Case> KindCases() {
   return {{"clauses of every kind", Clauses, kKinds},
           {"selections under filters", SelectionsUnderFilters, kKinds},
           {"clearing a filter of the project", ClearingAFilterOfTheProject, kKinds},
+          {"types of delimited text", TypesOfDelimitedText, kKinds},
           {"unique values of every kind", UniqueValuesOfEachKind, kKinds},
           {"summaries of every kind", Summaries, kKinds},
           {"members of the map", MembersOfTheMap, kKinds}};

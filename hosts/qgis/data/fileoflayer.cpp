@@ -7,23 +7,33 @@
 #include <QDateTime>
 #include <QFileInfo>
 
+#include "hosts/qgis/data/delimitedtext.h"
 #include "hosts/qgis/data/layerrows.h"
 #include "hosts/qgis/qgishost.h"
 
 namespace brelmon::qgis {
 namespace {
 
+/// The layer's data source without its filter; empty where QGIS reads it in a way of its own.
 QString WithoutSubset(const QgsVectorLayer& layer) {
-  return layer.source().section(QStringLiteral("|subset="), 0, 0);
+  if (layer.providerType() == QLatin1String("ogr")) {
+    return layer.source().section(QStringLiteral("|subset="), 0, 0);
+  }
+  // A filter that wasn't set here has no clause.
+  const bool clauseKnown = layer.subsetString().isEmpty() || HasClause(layer);
+  return IsDelimitedText(layer) && clauseKnown ? PlainDelimitedText(layer) : QString();
+}
+
+QString PathOf(const QgsVectorLayer& layer) {
+  return QgsProviderRegistry::instance()
+      ->decodeUri(layer.providerType(), layer.source())
+      .value(QStringLiteral("path"))
+      .toString();
 }
 
 /// Changes with the layer's source and with the files that hold it.
-QString KeyOf(const QgsVectorLayer& layer) {
-  const QString path = QgsProviderRegistry::instance()
-                           ->decodeUri(layer.providerType(), layer.source())
-                           .value(QStringLiteral("path"))
-                           .toString();
-  QString key = WithoutSubset(layer) + QChar(0) + layer.dataProvider()->encoding();
+QString KeyOf(const QgsVectorLayer& layer, const QString& source, const QString& path) {
+  QString key = source + QChar(0) + layer.dataProvider()->encoding();
   const QFileInfo file(path);
   for (const QString& each :
        {path, file.path() + QStringLiteral("/") + file.completeBaseName() + QStringLiteral(".dbf"),
@@ -60,18 +70,20 @@ bool ShowsOtherRows(const QgsVectorLayer& layer) {
 
 const std::shared_ptr<data::VectorSource>& FileOfLayer::Of(const QgsVectorLayer& layer) {
   static const std::shared_ptr<data::VectorSource> none;
-  if (!layer.isValid() || layer.providerType() != QLatin1String("ogr") || ShowsOtherRows(layer)) {
-    return none;
-  }
-  const QString key = KeyOf(layer);
+  if (!layer.isValid() || ShowsOtherRows(layer)) return none;
+  const QString source = WithoutSubset(layer), path = PathOf(layer);
+  if (source.isEmpty()) return none;
+  const QString key = KeyOf(layer, source, path);
   if (key == key_) return source_;
   key_ = key;
-  const data::SourceText told{"ogr",
-                              WithoutSubset(layer).toStdString(),
+  const data::SourceText told{layer.providerType().toStdString(),
+                              source.toStdString(),
                               {},
                               layer.dataProvider()->encoding().toStdString()};
   source_ = std::make_shared<data::VectorSource>(data::AddressOf(told, {}));
-  if (!source_->Valid() || !SameColumns(layer, *source_)) source_.reset();
+  const bool alike = source_->Valid() && (IsDelimitedText(layer) ? ReadsAlike(layer, *source_, path)
+                                                                 : SameColumns(layer, *source_));
+  if (!alike) source_.reset();
   return source_;
 }
 

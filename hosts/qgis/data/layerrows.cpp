@@ -10,6 +10,7 @@
 #include "hosts/columns/querytokens.h"
 #include "hosts/common/hostfailure.h"
 #include "hosts/data/clauses.h"
+#include "hosts/qgis/data/delimitedtext.h"
 #include "hosts/qgis/data/expression.h"
 #include "hosts/qgis/data/featurereader.h"
 #include "hosts/qgis/data/fieldtable.h"
@@ -30,18 +31,28 @@ const QString kClause = QStringLiteral("brelmon/filter");
   host::Fail(failure::kRefused, "The query was refused: " + reason + ".");
 }
 
-/// Rows of the layer's own file, under the layer's filter.
+/// Rows of the layer's own file, under the layer's filter. QGIS numbers them from `head` on.
 class RowsOfFile : public columns::IRowSource {
  public:
-  RowsOfFile(std::shared_ptr<data::VectorSource> file, Text filter)
-      : file_(std::move(file)), filter_(std::move(filter)) {}
+  RowsOfFile(std::shared_ptr<data::VectorSource> file, Text filter, std::int64_t head)
+      : file_(std::move(file)), filter_(std::move(filter)), head_(head) {}
   const std::vector<columns::Field>& Fields() const override { return file_->Fields(); }
   const columns::CodePage& Encoding() override { return file_->Encoding(); }
   void TryClause(TextView clause) override { file_->TryClause(clause); }
   std::unique_ptr<IBatchReader> Read(const RowRequest& request) override {
     RowRequest both = request;
     both.Clause = Both(request.Clause);
-    return columns::Thinned(file_->Read(both), [](Batch&) { CheckStep(); });
+    if (head_ != 0 && request.Only) {
+      RowIds only = *request.Only;
+      for (std::int64_t& id : only) id -= head_;
+      both.Only = std::make_shared<RowIds>(std::move(only));
+    }
+    return columns::Thinned(file_->Read(both), [head = head_](Batch& batch) {
+      CheckStep();
+      if (head != 0) {
+        for (std::int64_t& id : batch.Ids) id += head;
+      }
+    });
   }
   std::int64_t CountRows(const Text& clause) override {
     CheckStep();
@@ -49,13 +60,16 @@ class RowsOfFile : public columns::IRowSource {
   }
   RowIds IdsOfRows(const Text& clause, bool justOne) override {
     CheckStep();
-    return file_->IdsOfRows(Both(clause), justOne);
+    RowIds ids = file_->IdsOfRows(Both(clause), justOne);
+    for (std::int64_t& id : ids) id += head_;
+    return ids;
   }
 
  private:
   Text Both(const Text& clause) const { return columns::BothClauses(filter_, clause); }
   std::shared_ptr<data::VectorSource> file_;
   Text filter_;
+  std::int64_t head_;
 };
 
 /// Features as QGIS shows them, with the clause evaluated on them here.
@@ -128,7 +142,8 @@ std::unique_ptr<OGRGeometry> OgrShape(const QgsGeometry& shape) {
 std::shared_ptr<columns::IRowSource> RowsOf(QgsVectorLayer& layer,
                                             std::shared_ptr<data::VectorSource> file) {
   if (!file) return std::make_shared<RowsShown>(layer);
-  return std::make_shared<RowsOfFile>(std::move(file), FromQt(layer.subsetString()));
+  const std::int64_t head = IsDelimitedText(layer) ? HeadLines(layer) : 0;
+  return std::make_shared<RowsOfFile>(std::move(file), FilterOf(layer), head);
 }
 
 RowIds MatchingIds(QgsVectorLayer& layer, const std::shared_ptr<data::VectorSource>& file,
@@ -143,8 +158,8 @@ RowIds MatchingIds(QgsVectorLayer& layer, const std::shared_ptr<data::VectorSour
   }
   if (spatial->SpatialRel != 1) host::Fail(failure::kNotSupported);
   const QgsGeometry shape = InLayer(*spatial, layer);
-  const Text both = columns::BothClauses(FromQt(layer.subsetString()), clause);
-  if (file) {
+  if (file && !IsDelimitedText(layer)) {
+    const Text both = columns::BothClauses(FilterOf(layer), clause);
     if (const auto made = OgrShape(shape)) return file->IdsTouching(both, *made, justOne);
   }
   RowIds ids = TouchingIds(layer, shape, justOne && clause.empty());
@@ -152,17 +167,20 @@ RowIds MatchingIds(QgsVectorLayer& layer, const std::shared_ptr<data::VectorSour
   return columns::Combined(rows->IdsOfRows(clause, false), std::move(ids), SelectionMethod::And);
 }
 
-Text FilterOf(const QgsVectorLayer& layer) {
+bool HasClause(const QgsVectorLayer& layer) {
   const QString filter = layer.subsetString();
-  const bool ours = !filter.isEmpty() && layer.customProperty(kExpression).toString() == filter;
-  return FromQt(ours ? layer.customProperty(kClause).toString() : filter);
+  return !filter.isEmpty() && layer.customProperty(kExpression).toString() == filter;
+}
+
+Text FilterOf(const QgsVectorLayer& layer) {
+  return FromQt(HasClause(layer) ? layer.customProperty(kClause).toString() : layer.subsetString());
 }
 
 void SetFilter(QgsVectorLayer& layer, const Text& clause) {
   const bool blank = columns::IsBlank(clause);
   QString filter = blank ? QString() : ToQt(clause);
   // Delimited text is filtered by expressions: the same rows in another language.
-  const bool translated = !blank && layer.providerType() == QLatin1String("delimitedtext");
+  const bool translated = !blank && IsDelimitedText(layer);
   if (translated) {
     const auto expression = ExpressionOf(clause, ColumnsOf(layer));
     if (!expression) Refuse("as a filter of delimited text it can't be put; select by it instead");

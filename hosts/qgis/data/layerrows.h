@@ -35,6 +35,8 @@ std::shared_ptr<columns::IRowSource> RowsOf(QgsVectorLayer& layer,
 columns::RowIds MatchingIds(QgsVectorLayer& layer, const std::shared_ptr<data::VectorSource>& file,
                             const Ref<IQueryFilter>& filter, bool justOne);
 
+/// Whether the layer's filter was set here, and its clause is known.
+bool HasClause(const QgsVectorLayer& layer);
 /// The layer's filter as a clause, as it was set here or as its provider has it.
 Text FilterOf(const QgsVectorLayer& layer);
 /// Fails with E_FAIL where the layer's provider can't filter by it.
