@@ -138,7 +138,7 @@ std::string RefusalOfSchema(const std::string& path) {
       "SELECT l.name, s.sql FROM pragma_table_list l LEFT JOIN sqlite_master s ON s.name = l.name "
       "AND s.type = 'table' WHERE l.type = 'virtual' AND l.schema = 'main'";
   if (!database || sqlite3_prepare_v2(database.get(), kVirtual, -1, &rows, nullptr) != SQLITE_OK) {
-    return "its schema can't be read" +
+    return kUnreadableSchema +
            (database ? std::string(": ") + sqlite3_errmsg(database.get()) : std::string());
   }
   const std::unique_ptr<sqlite3_stmt, decltype(&sqlite3_finalize)> owner(rows, sqlite3_finalize);
@@ -150,7 +150,7 @@ std::string RefusalOfSchema(const std::string& path) {
   }
   return status == SQLITE_DONE
              ? ""
-             : std::string("its schema can't be read: ") + sqlite3_errmsg(database.get());
+             : std::string(kUnreadableSchema) + ": " + sqlite3_errmsg(database.get());
 }
 
 }  // namespace brelmon::data

@@ -7,6 +7,7 @@
 #include <QDateTime>
 #include <QFileInfo>
 
+#include "hosts/data/openpolicy.h"
 #include "hosts/qgis/data/layerrows.h"
 #include "hosts/qgis/qgishost.h"
 
@@ -58,21 +59,31 @@ bool ShowsOtherRows(const QgsVectorLayer& layer) {
   return layer.isModified();
 }
 
-const std::shared_ptr<data::VectorSource>& FileOfLayer::Of(const QgsVectorLayer& layer) {
-  static const std::shared_ptr<data::VectorSource> none;
-  if (!layer.isValid() || layer.providerType() != QLatin1String("ogr") || ShowsOtherRows(layer)) {
-    return none;
-  }
-  const QString key = KeyOf(layer);
-  if (key == key_) return source_;
-  key_ = key;
+void FileOfLayer::Reopen(const QgsVectorLayer& layer) {
   const data::SourceText told{"ogr",
                               WithoutSubset(layer).toStdString(),
                               {},
                               layer.dataProvider()->encoding().toStdString()};
-  source_ = std::make_shared<data::VectorSource>(data::AddressOf(told, {}));
-  if (!source_->Valid() || !SameColumns(layer, *source_)) source_.reset();
-  return source_;
+  const data::SourceAddress address = data::AddressOf(told, {});
+  source_ = std::make_shared<data::VectorSource>(address);
+  damage_.clear();
+  sameColumns_.reset();
+  if (source_->Valid()) return;
+  if (data::IsDamaged(address, data::Content::Rows)) {
+    damage_ = address.path + ": " + source_->Problem();
+  }
+  source_.reset();
+}
+
+const std::shared_ptr<data::VectorSource>& FileOfLayer::Of(const QgsVectorLayer& layer) {
+  static const std::shared_ptr<data::VectorSource> none;
+  if (!layer.isValid() || layer.providerType() != QLatin1String("ogr")) return none;
+  const QString key = KeyOf(layer);
+  if (key != key_) Reopen(layer);
+  key_ = key;
+  if (!source_ || ShowsOtherRows(layer)) return none;
+  if (!sameColumns_) sameColumns_ = SameColumns(layer, *source_);
+  return *sameColumns_ ? source_ : none;
 }
 
 }  // namespace brelmon::qgis

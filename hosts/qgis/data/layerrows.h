@@ -16,10 +16,17 @@ class FileOfLayer {
  public:
   /// As it stands now. Kept as long as the file stays as it was.
   const std::shared_ptr<data::VectorSource>& Of(const QgsVectorLayer& layer);
+  /// Its path and what is wrong with it, as it was asked for last; empty for one that is whole or
+  /// is none of those that are read. QGIS may show what it could read of it.
+  const std::string& Damage() const { return damage_; }
 
  private:
+  void Reopen(const QgsVectorLayer& layer);
+
   QString key_;
+  std::string damage_;
   std::shared_ptr<data::VectorSource> source_;
+  std::optional<bool> sameColumns_;
 };
 
 /// Whether unsaved edits, joins or virtual fields make the layer differ from what it reads.

@@ -68,8 +68,16 @@ class SelectionSetView : public virtual ISelectionSet {
 
 }  // namespace
 
-const std::shared_ptr<data::VectorSource>& LayerHandle::File() const {
+const std::shared_ptr<data::VectorSource>& LayerHandle::FileIfWhole() const {
   return file_.Of(static_cast<const QgsVectorLayer&>(Layer()));
+}
+
+const std::shared_ptr<data::VectorSource>& LayerHandle::File() const {
+  const auto& file = FileIfWhole();
+  if (!file && !file_.Damage().empty()) {
+    host::Fail(failure::kFileNotFound, "The data can't be reached: " + file_.Damage());
+  }
+  return file;
 }
 
 QgsVectorLayer& VectorTable::Readable() const {
@@ -101,7 +109,7 @@ std::int32_t VectorTable::FindField(const Text& name) { return ShownFields()->Fi
 Ref<IFields> VectorTable::Fields() { return FieldsObject(ShownFields()); }
 
 std::shared_ptr<const FieldTable> VectorTable::ShownFields() const {
-  return FieldsOf(Layer(), handle_->File().get());
+  return FieldsOf(Layer(), handle_->FileIfWhole().get());
 }
 
 Ref<ICursor> VectorTable::Search(const Ref<IQueryFilter>& filter, bool recycling) {

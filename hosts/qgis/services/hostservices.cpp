@@ -7,11 +7,13 @@
 #include <QFileInfo>
 
 #include "hosts/columns/dissolve.h"
+#include "hosts/columns/unfinished.h"
 #include "hosts/columns/uniquevalues.h"
 #include "hosts/common/clock.h"
 #include "hosts/common/filesystem.h"
 #include "hosts/common/folderworkspace.h"
 #include "hosts/common/objectlists.h"
+#include "hosts/common/processes.h"
 #include "hosts/common/registry.h"
 #include "hosts/common/shell.h"
 #include "hosts/common/systemlocale.h"
@@ -61,6 +63,7 @@ class HostObjectsOfQgis : public IHostObjects {
 
 class QgisServices : public HostServices {
  public:
+  QgisServices() { columns::Unfinished::SetProcesses({host::OwnProcess, host::ProcessLives}); }
   Services Set() override {
     return {.messageBox = messageBox_.get(),
             .screen = screen_.get(),
