@@ -38,11 +38,6 @@ bool IsLetThrough(const Text& clause) {
   for (const TextView mark : {u"\\'", u"\\\""}) {
     if (clause.find(mark) != Text::npos) return false;
   }
-  // GDAL gives up on sums of more than 32 parts; we reckon on.
-  const auto signs = std::count_if(clause.begin(), clause.end(), [](char16_t unit) {
-    return TextView(u"+-*/%").find(unit) != TextView::npos;
-  });
-  if (signs > 24) return false;
   const columns::ClauseNames names = columns::NamesIn(clause);
   return !columns::IsBlank(clause) && clause.find(u'\0') == Text::npos && names.fault.empty() &&
          !columns::UnknownField(names, known);
