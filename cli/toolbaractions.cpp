@@ -6,18 +6,10 @@
 #include "cli/actions.h"
 #include "cli/columns.h"
 #include "frame/commandtable.h"
+#include "hosts/common/baritems.h"
 
 namespace brelmon::cli {
 namespace {
-
-class ToolBarEntry : public IItemDef {
- public:
-  void SetID(const Text& progId) override { ProgId = progId; }
-  void SetGroup(bool group) override { Group = group; }
-  void SetSubType(std::int32_t) override {}
-  Text ProgId;
-  bool Group = false;
-};
 
 /// The class's cells of a listing.
 Columns::Row RowOfClass(Session& session, int position, const Text& className) {
@@ -28,13 +20,11 @@ Columns::Row RowOfClass(Session& session, int position, const Text& className) {
 
 int ListToolBar(Session& session) {
   const auto bar = session.CreateObject(kToolBarClass).As<IToolBarDef>();
-  const std::size_t prefix = ProgIdOf({}).size();
   Columns columns({">position", "class", "caption", "state", "group"});
-  for (std::int32_t position = 0; position < bar->ItemCount(); ++position) {
-    const auto entry = New<ToolBarEntry>();
-    bar->GetItemInfo(position, entry);
-    auto row = RowOfClass(session, position, entry->ProgId.substr(prefix));
-    row.push_back(entry->Group ? "group" : "");
+  int position = 0;
+  for (const auto& [className, beginsGroup] : host::ItemsOf(*bar)) {
+    auto row = RowOfClass(session, position++, className);
+    row.push_back(beginsGroup ? "group" : "");
     columns.Add(std::move(row));
   }
   columns.Print(std::cout);

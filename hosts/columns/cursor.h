@@ -18,8 +18,9 @@ class IColumnCursor : public virtual IObject {
 };
 
 /// Rows of a request whose fields are told by name: `subFields` holds names with commas between,
-/// empty or "*" for all; one that isn't there fails with E_FAIL.
+/// empty or "*" for all; one that isn't there fails with E_FAIL. Empty values are noted under the
+/// name `table`.
 Ref<ICursor> NewCursor(std::shared_ptr<IRowSource> source, RowRequest request,
-                       const Text& subFields, bool recycling);
+                       const Text& subFields, bool recycling, Text table = {});
 
 }  // namespace brelmon::columns

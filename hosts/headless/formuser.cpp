@@ -2,9 +2,7 @@
 // Modal forms handed to a function, modeless ones kept in a list.
 #include "hosts/headless/formuser.h"
 
-#include <cmath>
-
-#include "hosts/common/hostfailure.h"
+#include "hosts/common/heldform.h"
 
 namespace brelmon::headless {
 
@@ -29,33 +27,20 @@ void FormUser::ShowModal(Form& form) {
 
 class ModelessFrames::Frame : public IModelessFrame, public IWindowPosition {
  public:
-  void Create(const Ref<IObject>& form) override {
-    const Ref<Form> own = form.As<Form>();
-    if (!own) host::Fail(failure::kObjectNotSet);
-    form_ = own.Shared();
-  }
+  void Create(const Ref<IObject>& form) override { form_.Hold(form); }
   Text Caption() override { return caption_; }
   void SetCaption(const Text& caption) override { caption_ = caption; }
   bool Visible() override { return visible_; }
   void SetVisible(bool visible) override {
-    const auto form = form_.lock();
+    form_.SetVisible(visible);
     visible_ = visible;
-    shown_ = visible ? form : nullptr;
-    if (form) form->SetVisibleInFrame(visible);
   }
-  std::int32_t Width() override { return Pixels(&Form::Width); }
-  std::int32_t Height() override { return Pixels(&Form::Height); }
-  std::shared_ptr<Form> Content() const { return form_.lock(); }
+  std::int32_t Width() override { return host::WholePixels(form_.There()->Width()); }
+  std::int32_t Height() override { return host::WholePixels(form_.There()->Height()); }
+  std::shared_ptr<Form> Content() const { return form_.IfThere(); }
 
  private:
-  std::int32_t Pixels(Twips (Form::*size)()) const {
-    const auto form = form_.lock();
-    return form ? static_cast<std::int32_t>(std::lround((form.get()->*size)() / kTwipsPerPixel))
-                : 0;
-  }
-
-  std::weak_ptr<Form> form_;     // the form holds its frame
-  std::shared_ptr<Form> shown_;  // which holds the form while a user can see it
+  host::HeldForm form_;
   Text caption_;
   bool visible_ = false;
 };
@@ -64,7 +49,8 @@ ModelessFrames::ModelessFrames() = default;
 
 ModelessFrames::~ModelessFrames() {
   for (const auto& weak : frames_) {
-    if (const auto frame = weak.lock()) frame->SetVisible(false);
+    const auto frame = weak.lock();
+    if (frame && frame->Content()) frame->SetVisible(false);
   }
 }
 

@@ -35,6 +35,9 @@ class QuietGdal {
   CPLErrorHandler before_;
 };
 
+/// Long enough for a desktop to find out that it has no program; one that stays is let go.
+constexpr int kPatience = 2000;  // milliseconds
+
 }  // namespace
 
 struct HeadlessHost::Parts {
@@ -72,7 +75,14 @@ struct HeadlessHost::Parts {
   std::shared_ptr<ProgressBar> statusBar = std::make_shared<ProgressBar>();
   std::unique_ptr<IFileSystem> files = host::NewFileSystem();
   std::unique_ptr<IRegistry> registry = host::NewMemoryRegistry();
-  std::unique_ptr<IShell> shell = host::NewShell();
+  std::unique_ptr<IShell> shell =
+      host::NewShell([this](const std::unique_ptr<host::Opening>& opening) {
+        opening->EndsWithin(kPatience);
+        const Text complaint = opening->Complaint();
+        if (!complaint.empty()) {
+          boxes.Show(complaint, box::kExclamation, Text(host::kNotOpenedTitle));
+        }
+      });
   std::unique_ptr<IHostObjects> objects = NewHostObjects({&boxes, &modeless, &tables, catalog});
   Ref<IMxDocument> document = NewDocument(project, FindHostCommand);
   Ref<IApplication> application =

@@ -125,7 +125,7 @@ class Table : public IHostTable,
                               std::shared_ptr<const columns::RowIds> ids) override {
     columns::RowRequest request{{}, TriedClause(filter), std::move(ids)};
     return columns::NewCursor(Reached(), std::move(request), filter ? filter->SubFields : Text(),
-                              recycling);
+                              recycling, OwnName());
   }
 
  protected:

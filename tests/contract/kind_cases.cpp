@@ -103,6 +103,20 @@ void Clauses(World& world) {
   ExpectRows(Called(world, u"gpkg"), u"\"id\" > 6", "67", "identifiers of a database");
 }
 
+void LayersWithoutData(World& world) {
+  const Ref<ILayer> gone = LayerNamed(world, u"gone");
+  Expect(!gone->Valid() && gone.Offers<IFeatureLayer>(), "a layer whose file is gone");
+  const Ref<ISelectionSet> selected = gone.As<ITableSelection>()->SelectionSet();
+  Expect(!selected || selected->Count() == 0, "nothing of it is selected");
+  bool failed = false;
+  try {
+    gone.As<ITable>()->Search({}, true);
+  } catch (const Failure& failure) {
+    failed = !failure.Description.empty();
+  }
+  Expect(failed, "a layer without data can't be searched");
+}
+
 void SelectionsUnderFilters(World& world) {
   for (const Text& name : kTables) {
     const Ref<IObject> table = Called(world, name);
@@ -223,6 +237,7 @@ void MembersOfTheMap(World& world) {
 
 std::vector<Case> KindCases() {
   return {{"clauses of every kind", Clauses, kKinds},
+          {"layers without data", LayersWithoutData, kKinds},
           {"selections under filters", SelectionsUnderFilters, kKinds},
           {"clearing a filter of the project", ClearingAFilterOfTheProject, kKinds},
           {"unique values of every kind", UniqueValuesOfEachKind, kKinds},

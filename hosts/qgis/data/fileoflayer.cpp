@@ -72,6 +72,11 @@ const std::shared_ptr<data::VectorSource>& FileOfLayer::Of(const QgsVectorLayer&
                               layer.dataProvider()->encoding().toStdString()};
   source_ = std::make_shared<data::VectorSource>(data::AddressOf(told, {}));
   if (!source_->Valid() || !SameColumns(layer, *source_)) source_.reset();
+  QObject::disconnect(&layer, nullptr, &layerLives_, nullptr);
+  QObject::connect(&layer, &QgsMapLayer::willBeDeleted, &layerLives_, [this] {
+    key_.clear();
+    source_.reset();
+  });
   return source_;
 }
 

@@ -14,12 +14,13 @@ namespace brelmon::qgis {
 /// other rows or columns than their file has.
 class FileOfLayer {
  public:
-  /// As it stands now. Kept as long as the file stays as it was.
+  /// As it stands now. Kept as long as the file stays as it was and the layer is there.
   const std::shared_ptr<data::VectorSource>& Of(const QgsVectorLayer& layer);
 
  private:
   QString key_;
   std::shared_ptr<data::VectorSource> source_;
+  QObject layerLives_;  // ends the connection to the layer with itself
 };
 
 /// Whether unsaved edits, joins or virtual fields make the layer differ from what it reads.

@@ -11,6 +11,7 @@
 #include "hosts/common/hostfailure.h"
 #include "hosts/qgis/data/fieldtable.h"
 #include "hosts/qgis/qgishost.h"
+#include "hosts/qgis/userturn.h"
 
 namespace brelmon::qgis {
 namespace {
@@ -47,7 +48,7 @@ Ref<ICursor> CursorOver(QgsVectorLayer& layer, const std::shared_ptr<data::Vecto
     rows->TryClause(request.Clause);
   }
   return columns::NewCursor(std::move(rows), std::move(request),
-                            filter ? filter->SubFields : Text(), recycling);
+                            filter ? filter->SubFields : Text(), recycling, FromQt(layer.name()));
 }
 
 /// The rows that are selected whenever it is asked.
@@ -130,6 +131,7 @@ columns::IColumnTable::Rows VectorTable::VisibleRows(bool selected) {
 Text VectorTable::DefinitionExpression() { return FilterOf(Layer()); }
 
 void VectorTable::SetDefinitionExpression(const Text& expression) {
+  CheckTurn();
   QgsVectorLayer& layer = Readable();
   if (layer.isEditable()) {
     host::Fail(failure::kPermissionDenied,
@@ -151,6 +153,7 @@ Ref<ISelectionSet> VectorTable::SelectionSet() {
 
 void VectorTable::SelectRows(const Ref<IQueryFilter>& filter, SelectionMethod method,
                              bool justOne) {
+  CheckTurn();
   QgsVectorLayer& layer = Readable();
   columns::RowIds rows = MatchingIds(layer, handle_->File(), filter, justOne);
   if (method != SelectionMethod::New) {
@@ -161,6 +164,7 @@ void VectorTable::SelectRows(const Ref<IQueryFilter>& filter, SelectionMethod me
 
 // Keeps what was selected for QGIS's own "Reselect".
 void VectorTable::Clear() {
+  CheckTurn();
   if (Layer().selectedFeatureCount() > 0) Layer().removeSelection();
 }
 

@@ -15,9 +15,9 @@
 #include "hosts/qgis/plugin/testdriver.h"
 #include "hosts/qgis/plugin/toolbar.h"
 #include "hosts/qgis/plugin/watch.h"
-#include "hosts/qgis/qgishost.h"
 #include "hosts/qgis/services/errordialog.h"
 #include "hosts/qgis/services/hostservices.h"
+#include "hosts/qgis/session.h"
 #include "hosts/qgis/view/modelessframe.h"
 
 namespace brelmon::qgis {
@@ -49,7 +49,14 @@ std::filesystem::path OwnFolder() {
 }
 
 /// Everything that lives from loading to unloading, in order of making.
-struct Session {
+struct Loaded : Session {
+  using Session::Session;
+  // The component's forms must not be seen when their code goes.
+  ~Loaded() override {
+    WhenErrorDialogCloses({});
+    HideModelessFrames();
+  }
+
   std::unique_ptr<HostServices> services = HostServices::Make();
   std::unique_ptr<host::Component> component;
   Ref<IApplication> application;
@@ -69,7 +76,6 @@ class Plugin : public QObject, public QgisPlugin {
   ~Plugin() override { End(); }
 
   void initGui() override {
-    SetIface(iface_);
     try {
       Begin();
     } catch (const std::exception& reason) {
@@ -81,8 +87,8 @@ class Plugin : public QObject, public QgisPlugin {
 
  private:
   void Begin() {
-    session_ = std::make_unique<Session>();
-    Session& session = *session_;
+    session_ = std::make_unique<Loaded>(*iface_);
+    Loaded& session = *session_;
     session.component = host::Component::Load(
         host::Component::Find(OwnFolder(), BRELMON_COMPONENT_FILE), session.services->Set());
     session.application = NewApplication();
@@ -103,24 +109,10 @@ class Plugin : public QObject, public QgisPlugin {
                    session_->services->Set(), &SelectGraphics, &InTurn, [this] { End(); }});
   }
 
-  void End() {
-    if (!session_) return;
-    WhenErrorDialogCloses({});
-    HideModelessFrames();
-    session_->frameMenu.reset();
-    session_->focus.reset();
-    session_->watch.reset();
-    session_->graphics.reset();
-    session_->toolbar.reset();
-    session_->application.Reset();
-    session_->component.reset();
-    session_.reset();
-    SelectGraphics({});
-    SetIface(nullptr);
-  }
+  void End() { session_.reset(); }
 
   QgisInterface* iface_;
-  std::unique_ptr<Session> session_;
+  std::unique_ptr<Loaded> session_;
 };
 
 }  // namespace

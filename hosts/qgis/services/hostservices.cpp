@@ -13,13 +13,13 @@
 #include "hosts/common/folderworkspace.h"
 #include "hosts/common/objectlists.h"
 #include "hosts/common/registry.h"
-#include "hosts/common/shell.h"
 #include "hosts/common/systemlocale.h"
 #include "hosts/qgis/data/layerobject.h"
 #include "hosts/qgis/services/desktop.h"
 #include "hosts/qgis/services/errordialog.h"
 #include "hosts/qgis/services/gxdialog.h"
 #include "hosts/qgis/services/gxlayer.h"
+#include "hosts/qgis/services/openings.h"
 #include "hosts/qgis/services/printer.h"
 #include "hosts/qgis/services/summarizedialog.h"
 #include "hosts/qgis/services/tablewindow.h"
@@ -83,7 +83,7 @@ class QgisServices : public HostServices {
   host::HostClock clock_;
   std::unique_ptr<IFileSystem> files_ = host::NewFileSystem();
   std::unique_ptr<IRegistry> registry_ = host::NewMemoryRegistry();
-  std::unique_ptr<IShell> shell_ = host::NewShell();
+  std::unique_ptr<IShell> shell_ = host::NewShell(WatchOpenings(*messageBox_));
   HostObjectsOfQgis objects_;
   std::unique_ptr<IFormHost> forms_ = NewFormHost();
 };

@@ -10,8 +10,10 @@
 #include <optional>
 #include <vector>
 
-#include "hosts/common/hostfailure.h"
+#include "hosts/common/heldform.h"
 #include "hosts/qgis/qgishost.h"
+#include "hosts/qgis/session.h"
+#include "hosts/qgis/userturn.h"
 #include "hosts/qgis/view/formview.h"
 #include "hosts/qgis/view/formwindow.h"
 
@@ -72,23 +74,19 @@ class FrameWindow : public QWidget {
 };
 
 class ModelessFrame;
-
-std::vector<ModelessFrame*>& Frames() {
-  static std::vector<ModelessFrame*> frames;
-  return frames;
-}
+using ModelessFrames = std::vector<ModelessFrame*>;
 
 class ModelessFrame : public virtual IModelessFrame,
                       public virtual IWindowPosition,
                       public std::enable_shared_from_this<ModelessFrame> {
  public:
-  ModelessFrame() { Frames().push_back(this); }
+  ModelessFrame() : all_(Session::Running().Shared<ModelessFrames>()) { all_->push_back(this); }
   ~ModelessFrame() override {
     Drop();
-    std::erase(Frames(), this);
+    std::erase(*all_, this);
   }
 
-  void Create(const Ref<IObject>& form) override { form_ = form.As<Form>(0).Shared(); }
+  void Create(const Ref<IObject>& form) override { form_.Hold(form); }
   Text Caption() override { return caption_; }
   void SetCaption(const Text& caption) override {
     caption_ = caption;
@@ -96,41 +94,35 @@ class ModelessFrame : public virtual IModelessFrame,
   }
   bool Visible() override { return window_ != nullptr; }
   void SetVisible(bool visible) override {
-    const auto form = form_.lock();
-    if (!form) host::Fail(failure::kObjectNotSet);
+    const auto form = form_.There();
     if (!visible) {
       Drop();
-      shown_.reset();
-      form->SetVisibleInFrame(false);
+      form_.SetVisible(false);
       return;
     }
-    shown_ = form;
-    form->SetVisibleInFrame(true);
+    CheckTurn();
+    form_.SetVisible(true);
     if (!window_) Open(*form);
     if (place_) window_->move(*place_);
     FloatAbove(window_);
     BringUp(*window_);
     window_->View().ShowFocus();
   }
-  std::int32_t Width() override { return Pixels(Measure().width); }
-  std::int32_t Height() override { return Pixels(Measure().height); }
+  std::int32_t Width() override { return host::WholePixels(Measure().width); }
+  std::int32_t Height() override { return host::WholePixels(Measure().height); }
 
  private:
   struct Size {
     Twips width, height;
   };
-  // While the user drags the border, the window is ahead of its form.
+  /// Of the window while it is shown, else of the form.
   Size Measure() const {
     if (window_) {
       const FormView& view = window_->View();
       return {view.ToTwips(window_->width()), view.ToTwips(window_->height())};
     }
-    const auto form = form_.lock();
-    if (!form) host::Fail(failure::kObjectNotSet);
+    const auto form = form_.There();
     return {form->Width(), form->Height()};
-  }
-  static std::int32_t Pixels(Twips twips) {
-    return static_cast<std::int32_t>(twips) / kTwipsPerPixel;
   }
 
   void Open(Form& form) {
@@ -138,7 +130,7 @@ class ModelessFrame : public virtual IModelessFrame,
         form,
         [this] {
           const auto alive = shared_from_this();
-          if (!form_.expired()) SetVisible(false);
+          if (form_.IfThere()) SetVisible(false);
         },
         [this] { Drop(); });
     if (!caption_.empty()) window_->SetTitle(caption_);
@@ -158,8 +150,8 @@ class ModelessFrame : public virtual IModelessFrame,
     window->deleteLater();
   }
 
-  std::weak_ptr<Form> form_;     // the form holds its frame
-  std::shared_ptr<Form> shown_;  // which holds the form while a user can see it
+  const std::shared_ptr<ModelessFrames> all_;
+  host::HeldForm form_;
   Text caption_;
   std::optional<QPoint> place_;  // where it stood last
   QPointer<FrameWindow> window_;
@@ -170,7 +162,7 @@ class ModelessFrame : public virtual IModelessFrame,
 Ref<IModelessFrame> NewModelessFrame() { return New<ModelessFrame>(); }
 
 void HideModelessFrames() {
-  const auto frames = Frames();
+  const ModelessFrames frames = Session::Running().Of<ModelessFrames>();
   for (ModelessFrame* frame : frames) {
     if (frame->Visible()) frame->SetVisible(false);
   }

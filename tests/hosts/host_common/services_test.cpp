@@ -97,6 +97,19 @@ TEST_F(ShellTest, ProgramsReadNothingAndWorkInTheDirectory) {
   EXPECT_EQ(Opened(u"a.pdf", Paths().ToWindows(folder.Path("docs"))), folder.Path("docs") + "\n");
 }
 
+TEST_F(ShellTest, ComplainsWhereNothingOpens) {
+  for (const int status : {0, 3}) {
+    folder.Write("opener", "#!/bin/sh\nexit " + std::to_string(status) + "\n");
+    std::unique_ptr<Opening> opening;
+    NewShell([&](auto started) {
+      opening = std::move(started);
+    })->Execute(u"https://example.org/", u"", 1);
+    ASSERT_TRUE(opening->EndsWithin(10000));
+    EXPECT_EQ(opening->Complaint().starts_with(u"https://example.org/ was not opened. "),
+              status != 0);
+  }
+}
+
 TEST_F(ShellTest, RunsProgramsOrFails) {
   const auto shell = NewShell();
   folder.Write("plain.txt", "");
