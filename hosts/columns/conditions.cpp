@@ -179,13 +179,14 @@ class Compiler {
     const ClauseNode *left = node.parts[0].get(), *right = node.parts[1].get();
     if (left->kind == Kind::Text || right->kind == Kind::Text) {
       const bool turned = left->kind == Kind::Text;
-      return WithText(node.kind, turned ? *right : *left, turned ? left->text : right->text,
-                      turned);
+      return WithText(node, turned ? *right : *left, turned ? left->text : right->text, turned);
     }
     return CompareNumbers(node, fields_, tested_);
   }
 
-  ConditionPtr WithText(Kind kind, const ClauseNode& name, const std::string& text, bool turned) {
+  ConditionPtr WithText(const ClauseNode& comparison, const ClauseNode& name,
+                        const std::string& text, bool turned) {
+    const Kind kind = comparison.kind;
     const Field* field = FieldOf(name);
     if (!field) return nullptr;
     if (field->Stored == Storage::Text) {
@@ -197,13 +198,14 @@ class Compiler {
       });
     }
     Moment moment;
-    // A date that is written first, or unequal, is compared as a text.
-    if (field->Stored != Storage::Moment || turned || kind == Kind::NotEqual ||
+    // A constant that is written first, or unequal, is compared as a text.
+    if (field->Stored != Storage::Moment || turned != comparison.turned || kind == Kind::NotEqual ||
         !ReadMoment(text, moment)) {
       return nullptr;
     }
     return OfMoments(IndexOf(field), [=](const Moment& value) {
-      return Holds(kind, CompareMoments(value, moment));
+      const int order = CompareMoments(value, moment);
+      return Holds(kind, turned ? -order : order);
     });
   }
 

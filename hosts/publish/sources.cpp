@@ -2,6 +2,7 @@
 // What a page is told of a table, and the table itself.
 #include "hosts/publish/sources.h"
 
+#include "hosts/columns/where.h"
 #include "hosts/publish/tablefile.h"
 
 namespace brelmon::publish {
@@ -69,6 +70,12 @@ std::string FileNameOf(const std::string& text, std::size_t number) {
     if (name.size() == kLongest) break;
   }
   return name + "-" + std::to_string(number);
+}
+
+bool PageEvaluates(const data::VectorSource& source, const Text& clause) {
+  const auto compiled = source.HasOwnSql() ? columns::CompileSqliteWhere(clause, source.Fields())
+                                           : columns::CompileWhere(clause, source.Fields());
+  return compiled.where != nullptr;
 }
 
 std::string Sources::NameOf(headless::IHostTable& table, const std::string& item) {

@@ -13,6 +13,9 @@
 
 namespace brelmon::publish {
 
+/// Whether a page, which has no database to ask, finds the rows of a clause.
+bool PageEvaluates(const data::VectorSource& source, const Text& clause);
+
 class Sources {
  public:
   /// Shapes go into `crs`, which may be null. All outlive it.

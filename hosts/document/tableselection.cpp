@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // The present selection, and cursors over it.
-#include "hosts/headless/tableselection.h"
+#include "hosts/document/tableselection.h"
 
 #include "hosts/common/hostfailure.h"
 
-namespace brelmon::headless {
+namespace brelmon::document {
 
 void RowSelection::Combine(columns::RowIds rows, SelectionMethod method) {
   ids_ = std::make_shared<columns::RowIds>(columns::Combined(*ids_, std::move(rows), method));
@@ -17,4 +17,4 @@ Ref<ICursor> RowSelection::Search(const Ref<IQueryFilter>& filter, bool recyclin
   return owner_->SearchSelected(filter, recycling, ids_);
 }
 
-}  // namespace brelmon::headless
+}  // namespace brelmon::document

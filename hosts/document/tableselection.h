@@ -4,7 +4,7 @@
 
 #include "hosts/columns/rows.h"
 
-namespace brelmon::headless {
+namespace brelmon::document {
 
 /// Always tells of the present selection. Cursors keep the one that they were opened on.
 class RowSelection : public ISelectionSet {
@@ -30,4 +30,4 @@ class RowSelection : public ISelectionSet {
   std::shared_ptr<const columns::RowIds> ids_;
 };
 
-}  // namespace brelmon::headless
+}  // namespace brelmon::document

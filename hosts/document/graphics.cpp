@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Elements over shapes.
-#include "hosts/headless/graphics.h"
+#include "hosts/document/graphics.h"
 
 #include "hosts/common/objectlists.h"
 
-namespace brelmon::headless {
+namespace brelmon::document {
 namespace {
 
 class Element : public IElement {
@@ -22,4 +22,4 @@ Ref<IElement> NewElement(Ref<IGeometry> geometry) { return New<Element>(std::mov
 
 Ref<IEnumElement> GraphicsLayer::SelectedElements() { return host::NewEnumElement(selected_); }
 
-}  // namespace brelmon::headless
+}  // namespace brelmon::document

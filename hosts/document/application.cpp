@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // What the tools reach through their hook.
-#include "hosts/headless/application.h"
+#include "hosts/document/application.h"
 
 #include <array>
 
 #include "hosts/common/hostfailure.h"
 
-namespace brelmon::headless {
+namespace brelmon::document {
 namespace {
 
 struct DesktopCommand {
@@ -20,17 +20,35 @@ constexpr std::array<DesktopCommand, 3> kDesktopCommands = {{
     {hostcommand::kSelectByAttributes, "Select By Attributes"},
 }};
 
+std::string Refusal(const char* dialog, const char* none) {
+  return std::string(dialog) + " is a dialog of a desktop map; " + none;
+}
+
 class RefusingCommand : public ICommandItem {
  public:
-  explicit RefusingCommand(const char* name) : name_(name) {}
-  void Execute() override {
-    host::Fail(
-        failure::kNotSupported,
-        std::string(name_) + " is a dialog of a desktop map; there is none without a screen.");
+  RefusingCommand(const char* name, const char* none) : name_(name), none_(none) {}
+  void Execute() override { host::Fail(failure::kNotSupported, Refusal(name_, none_) + "."); }
+
+ private:
+  const char *name_, *none_;
+};
+
+class RefusingSummarize : public ISummarizeDialog {
+ public:
+  explicit RefusingSummarize(const char* none) : none_(none) {}
+  void SetApplication(const Ref<IApplication>&) override {}
+  void SetTable(const Ref<ITable>&) override {}
+  void SetField(const Ref<IField>& field) override { field_ = field->Name(); }
+  void SetFlag(bool) override {}
+  void DoModal(std::int32_t) override {
+    host::Fail(failure::kNotSupported, Refusal("Summarize", none_) +
+                                           " (it would have opened on the field " + ToUtf8(field_) +
+                                           ").");
   }
 
  private:
-  const char* name_;
+  const char* none_;
+  Text field_;
 };
 
 class OneTemplate : public ITemplates {
@@ -65,34 +83,19 @@ class ApplicationObject : public IApplication {
 
 }  // namespace
 
-void ProgressBar::ShowProgressBar(const Text& message, std::int32_t minimum, std::int32_t maximum,
-                                  std::int32_t step, bool) {
-  now_ = {message, minimum, maximum, step, minimum, true};
-  Tell();
-}
-
-void ProgressBar::StepProgressBar() {
-  if (!now_.visible) return;
-  now_.position =
-      now_.position > now_.maximum - now_.step ? now_.maximum : now_.position + now_.step;
-  Tell();
-}
-
-void ProgressBar::HideProgressBar() {
-  now_.visible = false;
-  Tell();
-}
-
-Ref<ICommandItem> FindHostCommand(const Text& identifier) {
+Ref<ICommandItem> FindDesktopCommand(const Text& identifier, const char* none) {
   for (const DesktopCommand& command : kDesktopCommands) {
-    if (EqualNoCase(command.identifier, identifier)) return New<RefusingCommand>(command.name);
+    if (EqualNoCase(command.identifier, identifier))
+      return New<RefusingCommand>(command.name, none);
   }
   return {};
 }
+
+Ref<ISummarizeDialog> NewDesktopSummarize(const char* none) { return New<RefusingSummarize>(none); }
 
 Ref<IApplication> NewApplication(Ref<IMxDocument> document, Ref<IStatusBar> statusBar,
                                  Text documentPath) {
   return New<ApplicationObject>(std::move(document), std::move(statusBar), std::move(documentPath));
 }
 
-}  // namespace brelmon::headless
+}  // namespace brelmon::document

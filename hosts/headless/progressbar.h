@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// The application object, its status bar and its own commands.
+// The status bar.
 #pragma once
 
 #include <functional>
@@ -35,13 +35,5 @@ class ProgressBar : public IStatusBar {
   Progress now_;
   std::function<void(const Progress&)> listener_;
 };
-
-/// A command for each identifier that a desktop map has a dialog for: run, it says that there is
-/// none here. Unset for any other.
-Ref<ICommandItem> FindHostCommand(const Text& identifier);
-
-/// `documentPath` is the Windows path of the open map document.
-Ref<IApplication> NewApplication(Ref<IMxDocument> document, Ref<IStatusBar> statusBar,
-                                 Text documentPath);
 
 }  // namespace brelmon::headless

@@ -6,7 +6,7 @@
 
 #include "platform/geometry.h"
 
-namespace brelmon::headless {
+namespace brelmon::document {
 
 Ref<IElement> NewElement(Ref<IGeometry> geometry);
 
@@ -22,4 +22,4 @@ class GraphicsLayer : public IGraphicsContainerSelect {
   std::vector<Ref<IElement>> selected_;
 };
 
-}  // namespace brelmon::headless
+}  // namespace brelmon::document
