@@ -5,6 +5,7 @@
 
 #include "cli/actions.h"
 #include "cli/columns.h"
+#include "cli/jsonlines.h"
 #include "frame/commandtable.h"
 
 namespace brelmon::cli {
@@ -26,18 +27,45 @@ Columns::Row RowOfClass(Session& session, int position, const Text& className) {
           session.Enabled(className) ? "enabled" : "disabled"};
 }
 
-int ListToolBar(Session& session) {
+struct BarItem {
+  Text ClassName;
+  bool Group = false;
+};
+
+std::vector<BarItem> ItemsOfBar(Session& session) {
   const auto bar = session.CreateObject(kToolBarClass).As<IToolBarDef>();
   const std::size_t prefix = ProgIdOf({}).size();
-  Columns columns({">position", "class", "caption", "state", "group"});
+  std::vector<BarItem> items;
   for (std::int32_t position = 0; position < bar->ItemCount(); ++position) {
     const auto entry = New<ToolBarEntry>();
     bar->GetItemInfo(position, entry);
-    auto row = RowOfClass(session, position, entry->ProgId.substr(prefix));
-    row.push_back(entry->Group ? "group" : "");
+    items.push_back({entry->ProgId.substr(prefix), entry->Group});
+  }
+  return items;
+}
+
+int ListToolBar(Session& session) {
+  Columns columns({">position", "class", "caption", "state", "group"});
+  int position = 0;
+  for (const BarItem& item : ItemsOfBar(session)) {
+    auto row = RowOfClass(session, position++, item.ClassName);
+    row.push_back(item.Group ? "group" : "");
     columns.Add(std::move(row));
   }
   columns.Print(std::cout);
+  return kDone;
+}
+
+int PrintToolBar(Session& session) {
+  const JsonLines lines("toolbar");
+  int position = 0;
+  for (const auto& [className, group] : ItemsOfBar(session)) {
+    lines.Print("button", {{"position", position++},
+                           {"class", JsonOf(className)},
+                           {"caption", JsonOf(session.Command(className)->Caption())},
+                           {"enabled", session.Enabled(className)},
+                           {"group", group}});
+  }
   return kDone;
 }
 
@@ -54,8 +82,10 @@ int ListCommands(Session& session) {
 }  // namespace
 
 void AddToolbarActions(CLI::App& app, Action& action) {
-  app.add_subcommand("toolbar", "List the toolbar's items; \"group\" marks where a group begins")
-      ->callback([&action] { action = ListToolBar; });
+  CLI::App* toolbar = app.add_subcommand(
+      "toolbar", "List the toolbar's items; \"group\" marks where a group begins");
+  const auto json = AddJsonFlag(*toolbar);
+  toolbar->callback([&action, json] { action = *json ? PrintToolBar : ListToolBar; });
   app.add_subcommand("commands", "List all twenty commands")->callback([&action] {
     action = ListCommands;
   });

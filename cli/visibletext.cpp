@@ -8,14 +8,6 @@
 namespace brelmon::cli {
 namespace {
 
-bool Steers(std::uint32_t character) {
-  if (character == '\n' || character == '\t') return false;
-  return character < 0x20 || (character >= 0x7F && character < 0xA0) || character == 0x61C ||
-         (character >= 0x200E && character <= 0x200F) ||
-         (character >= 0x2028 && character <= 0x202E) ||
-         (character >= 0x2066 && character <= 0x2069);
-}
-
 /// Bytes of the character that begins so; 1 for what begins none.
 std::size_t LengthOf(unsigned char first) {
   if (first >= 0xF0) return 4;
@@ -33,6 +25,14 @@ std::uint32_t CharacterOf(const std::string& bytes) {
 }
 
 }  // namespace
+
+bool Steers(std::uint32_t character) {
+  if (character == '\n' || character == '\t') return false;
+  return character < 0x20 || (character >= 0x7F && character < 0xA0) || character == 0x61C ||
+         (character >= 0x200E && character <= 0x200F) ||
+         (character >= 0x2028 && character <= 0x202E) ||
+         (character >= 0x2066 && character <= 0x2069);
+}
 
 VisibleText::~VisibleText() {
   Flush();

@@ -11,6 +11,8 @@
 #include <algorithm>
 #include <cstdlib>
 #include <fstream>
+#include <optional>
+#include <string_view>
 #include <vector>
 
 #include "hosts/common/hostfailure.h"
@@ -102,6 +104,30 @@ std::string SystemFile(const Text& file, const Text& directory, const Paths& pat
   return paths.ToSystem(base + file).value_or(ToUtf8(file));
 }
 
+int DigitOf(char unit) {
+  if (IsDigit(unit)) return unit - '0';
+  const char low = static_cast<char>(unit | 0x20);
+  return low >= 'a' && low <= 'f' ? low - 'a' + 10 : -1;
+}
+
+/// The system path of "file:///Z:/srv/a%20b.html"; nothing for any other text.
+std::optional<std::string> PathOfUrl(const std::string& url, const Paths& paths) {
+  constexpr std::string_view kHead = "file:///";
+  if (!url.starts_with(kHead)) return std::nullopt;
+  std::string path;
+  for (std::size_t i = kHead.size(); i < url.size(); ++i) {
+    char unit = url[i];
+    if (unit == '%' && i + 2 < url.size()) {
+      const int high = DigitOf(url[i + 1]), low = DigitOf(url[i + 2]);
+      if (high < 0 || low < 0) return std::nullopt;
+      unit = static_cast<char>(high * 16 + low);
+      i += 2;
+    }
+    path += unit == '/' ? '\\' : unit;
+  }
+  return paths.ToSystem(FromUtf8(path));
+}
+
 std::string Allowed(std::string target) {
   const std::string refusal = RefusalToOpen(target);
   if (!refusal.empty()) Fail(failure::kRefused, refusal);
@@ -151,6 +177,7 @@ class SystemShell : public IShell {
 
 std::string TargetOf(const Text& file, const Text& directory, const Paths& paths) {
   const std::string written = ToUtf8(file);
+  if (const auto path = PathOfUrl(written, paths)) return Allowed(*path);
   if (HasScheme(written)) return Allowed(written);
   if (directory.empty() && !paths.ToSystem(file)) return Allowed(WebAddress(written));
   const std::string target = Allowed(SystemFile(file, directory, paths));

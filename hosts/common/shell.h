@@ -10,7 +10,8 @@
 namespace brelmon::host {
 
 /// What would be opened for a file, relative or not, and a directory: a system path, or a web
-/// address. Fails with 0x80004005 and the reason for what RefusalToOpen tells of.
+/// address. The file: URL of a path on a drive is that path. Fails with 0x80004005 and the reason
+/// for what RefusalToOpen tells of.
 std::string TargetOf(const Text& file, const Text& directory, const Paths& paths = Paths());
 
 /// Opens through xdg-open, or through the program that the environment's BRELMON_OPENER names:

@@ -27,9 +27,9 @@ struct DesktopCommand {
 };
 
 constexpr std::array<DesktopCommand, 3> kDesktopCommands = {{
-    {u"{3E58D6D0-DF7A-11D1-ADD9-080009EC732A}", "Statistics of the selected features"},
-    {u"{82B9951B-DD63-11D1-AA7F-00C04FA37860}", "Select By Location"},
-    {u"{54EBEEE6-DC82-11D1-AA7F-00C04FA37860}", "Select By Attributes"},
+    {hostcommand::kStatistics, "Statistics of the selected features"},
+    {hostcommand::kSelectByLocation, "Select By Location"},
+    {hostcommand::kSelectByAttributes, "Select By Attributes"},
 }};
 
 class RefusingCommand : public ICommandItem {

@@ -83,8 +83,8 @@ class Plugin : public QObject, public QgisPlugin {
   void Begin() {
     session_ = std::make_unique<Session>();
     Session& session = *session_;
-    session.component = host::Component::Load(
-        host::Component::Find(OwnFolder(), BRELMON_COMPONENT_FILE), session.services->Set());
+    session.component = host::Component::Load(host::Component::Find(OwnFolder(), BRELMON_COMPONENT),
+                                              session.services->Set());
     session.application = NewApplication();
     session.toolbar = Toolbar::Make(*iface_, *session.component, session.application);
     const auto ask = [toolbar = session.toolbar.get()] { toolbar->AskSoon(); };
@@ -93,15 +93,19 @@ class Plugin : public QObject, public QgisPlugin {
     session.focus = PanelFocus::Start(*iface_->layerTreeView(), ask);
     session.frameMenu = FrameMenu::Install(*iface_->layerTreeView());
     WhenErrorDialogCloses(ask);
+#ifdef BRELMON_TEST_DOORS
     QObject::connect(iface_, &QgisInterface::initializationCompleted, this,
                      [this] { QTimer::singleShot(0, this, [this] { StartTestDriver(); }); });
+#endif
   }
 
+#ifdef BRELMON_TEST_DOORS
   void StartTestDriver() {
     if (!session_) return;
     RunTestDriver({iface_, session_->component.get(), session_->application,
                    session_->services->Set(), &SelectGraphics, &InTurn, [this] { End(); }});
   }
+#endif
 
   void End() {
     if (!session_) return;

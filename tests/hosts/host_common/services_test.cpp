@@ -75,6 +75,9 @@ TEST_F(ShellTest, HandsOverSystemPathsAndAddressesAsTheyAre) {
   const std::string due = folder.Path("docs/a b;$(x).pdf") + "|" + folder.Path() + "|";
   EXPECT_EQ(Opened(directory + u"\\docs\\a b;$(x).pdf", directory), due);
   EXPECT_EQ(Opened(u"docs\\A B;$(x).pdf", directory + u"\\"), due);
+  folder.Write("docs/ä b.html", "");
+  EXPECT_EQ(Opened(u"file:///Z:" + FromUtf8(folder.Path("docs/%C3%a4%20b.html")), u""),
+            folder.Path("docs/ä b.html") + "||");
   EXPECT_EQ(Opened(u"https://example.org/a?b=c&d", u""), "https://example.org/a?b=c&d||");
   EXPECT_EQ(Opened(u"example.org/page.html", u""), "http://example.org/page.html||");
   EXPECT_EQ(Opened(u"localhost:80/x:y", u""), "http://localhost:80/x:y||");
@@ -88,6 +91,14 @@ TEST_F(ShellTest, OpensTheAddressOfAShortcutAndNothingElse) {
     folder.Write("a.URL", line);
     EXPECT_EQ(Guard::Ignore([&] { NewShell()->Execute(u"a.URL", directory, 1); }),
               failure::kRefused);
+  }
+}
+
+TEST_F(ShellTest, AFileUrlIsHeldToWhatHoldsForPaths) {
+  for (const TextView url : {u"file:///Z:/bin/sh", u"file:///Z:/a%00.html", u"file:///Z:/a%zz.html",
+                             u"file:///etc/a.html", u"file://server/a.html"}) {
+    EXPECT_EQ(Guard::Ignore([&] { NewShell()->Execute(Text(url), u"", 1); }), failure::kRefused)
+        << ToUtf8(url);
   }
 }
 
