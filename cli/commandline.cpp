@@ -9,6 +9,7 @@
 
 #include "frame/version.h"
 #include "hosts/common/clock.h"
+#include "hosts/servers/allowed.h"
 
 namespace brelmon::cli {
 namespace {
@@ -27,6 +28,16 @@ void AddChoices(CLI::App& app, Choices& choices) {
          },
          "Fix the clock")
       ->type_name("2026-11-16T14:15:07");
+  app.add_option_function<std::vector<std::string>>(
+         "--server",
+         [](const std::vector<std::string>& hosts) {
+           for (const std::string& host : hosts) servers::AllowServer(host);
+         },
+         "Allow a module to connect to this server; may stand several times")
+      ->type_name("HOST")
+      ->expected(1)
+      ->allow_extra_args(false)
+      ->take_all();
 }
 
 void Build(CLI::App& app, Action& action) {

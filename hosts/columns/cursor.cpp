@@ -130,10 +130,10 @@ class Cursor : public ICursor, public IColumnCursor {
   }
   const std::vector<Field>& Fields() override { return source_->Fields(); }
 
-  std::unique_ptr<IBatchReader> TakeRows(std::size_t field) override {
+  std::unique_ptr<IBatchReader> TakeValues(std::size_t field) override {
     if (reading_) host::Fail(failure::kInvalidCall, "Rows of this cursor were read already.");
     request_.Fields = {field};
-    auto rows = source_->Read(request_);
+    auto rows = source_->ReadValues(request_);
     reading_ = std::make_shared<Reading>(source_, RowRequest{{}, {}, std::make_shared<RowIds>()});
     return rows;
   }
@@ -176,6 +176,7 @@ Ref<ICursor> NewCursor(std::shared_ptr<IRowSource> source, RowRequest request,
                        const Text& subFields, bool recycling) {
   const bool unlimited = subFields.empty() || subFields == u"*";
   if (!unlimited) request.Fields = FieldsNamed(source->Fields(), subFields);
+  request.WithIds = false;
   return New<Cursor>(std::move(source), std::move(request), unlimited, recycling);
 }
 

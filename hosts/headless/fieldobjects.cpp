@@ -32,12 +32,12 @@ class FieldInfoObject : public IFieldInfo {
 
 class FieldsObject : public IFields {
  public:
-  explicit FieldsObject(std::shared_ptr<data::VectorSource> source) : source_(std::move(source)) {}
+  explicit FieldsObject(std::shared_ptr<data::TableSource> source) : source_(std::move(source)) {}
   std::int32_t FieldCount() override { return static_cast<std::int32_t>(source_->Fields().size()); }
   Ref<IField> Field(std::int32_t index) override { return NewField(FieldAt(*source_, index)); }
 
  private:
-  std::shared_ptr<data::VectorSource> source_;
+  std::shared_ptr<data::TableSource> source_;
 };
 
 }  // namespace
@@ -48,11 +48,11 @@ Ref<IFieldInfo> NewFieldInfo(Text alias, bool visible) {
   return New<FieldInfoObject>(std::move(alias), visible);
 }
 
-Ref<IFields> NewFields(std::shared_ptr<data::VectorSource> source) {
+Ref<IFields> NewFields(std::shared_ptr<data::TableSource> source) {
   return New<FieldsObject>(std::move(source));
 }
 
-const columns::Field& FieldAt(const data::VectorSource& source, std::int32_t index) {
+const columns::Field& FieldAt(const data::TableSource& source, std::int32_t index) {
   if (index < 0 || static_cast<std::size_t>(index) >= source.Fields().size()) {
     host::Fail(failure::kSubscript);
   }

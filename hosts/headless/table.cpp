@@ -37,7 +37,7 @@ class Table : public IHostTable,
       : settings_(std::move(settings)), selection_(std::make_shared<RowSelection>(*this)) {}
   ~Table() override { selection_->OwnerIsGone(); }
 
-  const std::shared_ptr<data::VectorSource>& Source() override { return settings_.source; }
+  const std::shared_ptr<data::TableSource>& Source() override { return settings_.source; }
   const OGRSpatialReference* ReferenceSystem() override {
     if (settings_.crs) return settings_.crs.get();
     return settings_.source ? settings_.source->ReferenceSystem() : nullptr;
@@ -53,8 +53,9 @@ class Table : public IHostTable,
     return SearchSelected(filter, recycling, nullptr);
   }
   std::int32_t RowCount(const Ref<IQueryFilter>& filter) override {
-    data::VectorSource& source = *Reached();
+    data::TableSource& source = *Reached();
     const Text clause = TriedClause(filter);
+    if (source.IsShared()) return Count32(source.CountRows(clause));
     const auto known = counts_.find(clause);
     if (known != counts_.end()) return known->second;
     if (counts_.size() >= kCountsKept) counts_.clear();
@@ -72,7 +73,7 @@ class Table : public IHostTable,
     return IsReached() ? Ref<ISelectionSet>(selection_) : Ref<ISelectionSet>();
   }
   void SelectRows(const Ref<IQueryFilter>& filter, SelectionMethod method, bool justOne) override {
-    data::VectorSource& source = *Reached();
+    data::TableSource& source = *Reached();
     const GeometryPtr shape = ShapeOf(filter);
     const Text clause = TriedClause(filter);
     const bool known = counted_ && counted_->first == clause && !shape && !justOne;
@@ -108,11 +109,11 @@ class Table : public IHostTable,
 
   // Dataset.
   Ref<IWorkspace> Workspace() override {
-    const data::VectorSource& source = Bound();
+    const data::TableSource& source = Bound();
     return host::NewWorkspace(source.WorkspacePath(), source.Kind());
   }
   Ref<IObject> FullName() override {
-    const data::VectorSource& source = Bound();
+    const data::TableSource& source = Bound();
     return New<host::DatasetPath>(source.Address().path, source.TableName());
   }
 
@@ -132,17 +133,17 @@ class Table : public IHostTable,
   Text OwnName() const { return settings_.name; }
   bool IsReached() const { return settings_.source && settings_.source->Valid() && !gone_; }
 
-  data::VectorSource& Bound() {
+  data::TableSource& Bound() {
     if (!settings_.source) host::Fail(failure::kObjectNotSet);
     return *settings_.source;
   }
   /// The source for a data call.
-  const std::shared_ptr<data::VectorSource>& Reached() {
+  const std::shared_ptr<data::TableSource>& Reached() {
     if (gone_) {
       host::Fail(failure::kNoSuchObject,
                  "\"" + ToUtf8(settings_.name) + "\" is no longer part of the map.");
     }
-    if (!Bound().Valid()) Bound().Open();  // fails with the reason
+    Bound().CheckValid();
     return settings_.source;
   }
   void Bind(const Ref<ITable>& table) {
@@ -156,7 +157,7 @@ class Table : public IHostTable,
   static constexpr std::size_t kCountsKept = 16;
 
   /// A query is tried before it selects: what is read row by row for the count is kept for that.
-  std::int64_t CountAndKeep(data::VectorSource& source, const Text& clause) {
+  std::int64_t CountAndKeep(data::TableSource& source, const Text& clause) {
     counted_.reset();
     if (columns::IsBlank(clause) || source.HasOwnSql()) return source.CountRows(clause);
     counted_.emplace(clause, source.IdsOfRows(clause, false));
@@ -174,7 +175,7 @@ class Table : public IHostTable,
   GeometryPtr ShapeOf(const Ref<IQueryFilter>& filter) {
     const Ref<ISpatialFilter> spatial = filter.TryAs<ISpatialFilter>();
     if (!spatial) return nullptr;
-    const data::VectorSource& source = *Reached();
+    const data::TableSource& source = *Reached();
     if (!source.HasGeometry() || !EqualNoCase(spatial->GeometryField, data::kShapeField)) {
       host::Fail(failure::kRefused, "The query was refused: there is no geometry field \"" +
                                         ToUtf8(spatial->GeometryField) + "\".");
@@ -239,8 +240,8 @@ Ref<ITable> OpenTable(const std::string& systemPath) {
   data::SourceAddress address;
   address.path = systemPath;
   TableSettings settings;
-  settings.source = std::make_shared<data::VectorSource>(address);
-  if (!settings.source->Valid()) settings.source->Open();  // fails with the reason
+  settings.source = data::OpenSource(address);
+  settings.source->CheckValid();
   settings.name = settings.source->TableName();
   return New<Table>(std::move(settings));
 }

@@ -6,14 +6,14 @@
 #include <set>
 
 #include "hosts/columns/dissolve.h"
-#include "hosts/data/vectorsource.h"
+#include "hosts/data/tablesource.h"
 #include "platform/map.h"
 
 namespace brelmon::headless {
 
 struct TableSettings {
   Text name;
-  std::shared_ptr<data::VectorSource> source;
+  std::shared_ptr<data::TableSource> source;
   Text definition;
   std::map<Text, Text> aliases;  // by field name
   std::set<Text> hiddenFields;
@@ -23,7 +23,7 @@ struct TableSettings {
 /// What every layer and table of this host offers beside the tools' interfaces.
 class IHostTable : public virtual columns::IColumnTable {
  public:
-  virtual const std::shared_ptr<data::VectorSource>& Source() = 0;
+  virtual const std::shared_ptr<data::TableSource>& Source() = 0;
   /// The reference system of its shapes; null where it is unknown.
   virtual const OGRSpatialReference* ReferenceSystem() = 0;
   /// The map has let go of it: from now on its data calls fail.

@@ -34,14 +34,19 @@ inline constexpr const char* kSample = "samples/earth/earth.qgs";
 /// The same eight rows as a shapefile, dBASE table, GeoJSON, GeoPackage and delimited text.
 inline constexpr const char* kKinds = "tests/contract/kinds/kinds.qgs";
 
+/// Those rows on a server, and partitioned over two others; tests/servers starts them.
+inline constexpr const char* kServers = "tests/contract/servers/servers.qgs";
+
 struct Case {
   std::string name;
   std::function<void(World&)> run;
   std::string module = kSample;
 };
 
-/// All of them, names unique.
+/// All that need no server, names unique.
 std::vector<Case> AllCases();
+/// Those that do.
+std::vector<Case> ServerCases();
 
 std::vector<Case> ContentsCases();
 std::vector<Case> FieldCases();

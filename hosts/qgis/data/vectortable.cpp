@@ -35,7 +35,7 @@ std::int32_t Count32(std::int64_t count) {
 }
 
 /// A cursor over the layer's rows; with `only`, those among them.
-Ref<ICursor> CursorOver(QgsVectorLayer& layer, const std::shared_ptr<data::VectorSource>& file,
+Ref<ICursor> CursorOver(QgsVectorLayer& layer, const std::shared_ptr<data::TableSource>& file,
                         const Ref<IQueryFilter>& filter, bool recycling,
                         std::shared_ptr<const columns::RowIds> only) {
   auto rows = RowsOf(layer, file);
@@ -68,7 +68,7 @@ class SelectionSetView : public virtual ISelectionSet {
 
 }  // namespace
 
-const std::shared_ptr<data::VectorSource>& LayerHandle::File() const {
+const std::shared_ptr<data::TableSource>& LayerHandle::File() const {
   return file_.Of(static_cast<const QgsVectorLayer&>(Layer()));
 }
 

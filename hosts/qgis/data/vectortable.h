@@ -25,7 +25,7 @@ class LayerHandle {
   bool Valid() const;  // false once it is gone
   QgsMapLayer* Release();
   /// Of a valid vector layer: its file, or null.
-  const std::shared_ptr<data::VectorSource>& File() const;
+  const std::shared_ptr<data::TableSource>& File() const;
 
  private:
   QPointer<QgsMapLayer> layer_;
