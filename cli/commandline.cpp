@@ -7,8 +7,10 @@
 #include <iostream>
 #include <new>
 
+#include "cli/programtext.h"
 #include "frame/version.h"
 #include "hosts/common/clock.h"
+#include "hosts/servers/allowed.h"
 
 namespace brelmon::cli {
 namespace {
@@ -27,10 +29,33 @@ void AddChoices(CLI::App& app, Choices& choices) {
          },
          "Fix the clock")
       ->type_name("2026-11-16T14:15:07");
+  app.add_option_function<std::vector<std::string>>(
+         "--server",
+         [](const std::vector<std::string>& hosts) {
+           for (const std::string& host : hosts) servers::AllowServer(host);
+         },
+         "Allow a module to connect to this server; may stand several times")
+      ->type_name("HOST")
+      ->expected(1)
+      ->allow_extra_args(false)
+      ->take_all();
 }
+
+/// Help of an action, as its parser tells it.
+class HelpOfActions : public CLI::FormatterBase {
+ public:
+  std::string make_help(const CLI::App* app, std::string, CLI::AppFormatMode) const override {
+    std::string before;
+    for (const CLI::App* each = app->get_parent(); each != nullptr; each = each->get_parent()) {
+      before = each->get_name() + (before.empty() ? "" : " ") + before;
+    }
+    return ActionHelp(TextOf(*app), before);
+  }
+};
 
 void Build(CLI::App& app, Action& action) {
   app.name("brelmon MODULE");
+  app.formatter(std::make_shared<HelpOfActions>());  // its actions take it over
   app.set_help_flag("--help", "Tell about an action");
   app.fallthrough();
   app.require_subcommand(1);
@@ -77,18 +102,33 @@ std::string VersionText() {
          std::to_string(kVersion.Revision);
 }
 
-/// The actions and what each does, for the front's help.
-std::string ActionsHelp() {
+/// The actions with all that stands behind them.
+std::vector<ActionText> Actions() {
   CLI::App app;
   Action none;
   Build(app, none);
-  std::string help = "\nActions (brelmon MODULE ACTION --help tells more):\n";
-  for (const CLI::App* each : app.get_subcommands({})) {
-    std::string name = "  " + each->get_name();
-    name.resize(std::max<std::size_t>(name.size() + 1, 15), ' ');
-    help += name + each->get_description() + "\n";
+  return TextOf(app).Actions;
+}
+
+class HelpOfProgram : public CLI::FormatterBase {
+ public:
+  std::string make_help(const CLI::App* app, std::string, CLI::AppFormatMode) const override {
+    ActionText program = TextOf(*app);
+    program.Actions = Actions();
+    return ProgramHelp(program);
   }
-  return help;
+};
+
+void BuildFront(CLI::App& app, Front& front) {
+  app.name("brelmon");
+  app.formatter(std::make_shared<HelpOfProgram>());
+  app.set_help_flag("--help", "Tell about the program");
+  app.set_version_flag("--version", VersionText(), "Tell the version");
+  app.prefix_command();
+  AddChoices(app, front.Given);
+  app.add_option("MODULE", front.Module,
+                 "A map document (.qgs, .qgz) or a folder that holds exactly one")
+      ->required();
 }
 
 }  // namespace
@@ -110,19 +150,8 @@ Line ParseLine(std::vector<std::string> words, const std::string& where) {
 
 Front ParseFront(const std::vector<std::string>& arguments) {
   Front front;
-  CLI::App app(
-      "Brelmon Tools on the command line.\n\n"
-      "  brelmon MODULE ACTION [ARG...]  one action\n"
-      "  brelmon MODULE                  actions from standard input, one a line\n");
-  app.name("brelmon");
-  app.set_help_flag("--help", "Tell about the program");
-  app.set_version_flag("--version", VersionText(), "Tell the version");
-  app.footer(ActionsHelp());
-  app.prefix_command();
-  AddChoices(app, front.Given);
-  app.add_option("MODULE", front.Module,
-                 "A map document (.qgs, .qgz) or a folder that holds exactly one")
-      ->required();
+  CLI::App app;
+  BuildFront(app, front);
   std::vector<std::string> words(arguments.rbegin(), arguments.rend());
   try {
     app.parse(std::move(words));
@@ -133,16 +162,21 @@ Front ParseFront(const std::vector<std::string>& arguments) {
   return front;
 }
 
-std::vector<std::string> ActionNames(const std::string& action) {
+ActionText WholeText() {
   CLI::App app;
-  Action none;
-  Build(app, none);
-  const auto offered = [](const CLI::App& of) { return of.get_subcommands({}); };
+  Front front;
+  BuildFront(app, front);
+  ActionText program = TextOf(app);
+  program.Actions = Actions();
+  return program;
+}
+
+std::vector<std::string> ActionNames(const std::string& action) {
   std::vector<std::string> names;
-  for (const CLI::App* each : offered(app)) {
-    if (action.empty()) names.push_back(each->get_name());
-    if (each->get_name() != action) continue;
-    for (const CLI::App* behind : offered(*each)) names.push_back(behind->get_name());
+  for (const ActionText& each : Actions()) {
+    if (action.empty()) names.push_back(each.Name);
+    if (each.Name != action) continue;
+    for (const ActionText& behind : each.Actions) names.push_back(behind.Name);
   }
   return names;
 }

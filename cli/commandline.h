@@ -8,6 +8,7 @@
 
 #include "cli/actions.h"
 #include "cli/choices.h"
+#include "cli/programtext.h"
 
 namespace brelmon::cli {
 
@@ -30,6 +31,9 @@ struct Front {
   std::vector<std::string> Words;
 };
 Front ParseFront(const std::vector<std::string>& arguments);
+
+/// The program with all its options and actions, as its parsers tell them.
+ActionText WholeText();
 
 /// Names of the actions, or of those that stand behind `action`, for completion.
 std::vector<std::string> ActionNames(const std::string& action = {});

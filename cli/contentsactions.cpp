@@ -6,12 +6,13 @@
 #include "cli/actions.h"
 #include "cli/columns.h"
 #include "cli/dialogrows.h"
+#include "cli/jsonlines.h"
 #include "hosts/headless/problem.h"
 
 namespace brelmon::cli {
 namespace {
 
-constexpr const char* kNone = "-";
+const std::string kNone = "-";
 using Words = std::vector<std::string>;
 
 bool IsPicked(const Value& selected, const Ref<IObject>& object) {
@@ -26,43 +27,96 @@ bool IsPicked(const Value& selected, const Ref<IObject>& object) {
   return false;
 }
 
-/// Counts and filter as cells; marks for what has none.
-void AddTableCells(const Item& item, bool valid, Columns::Row& row) {
-  const auto table = item.Object.TryAs<ITable>();
-  if (!table || !valid) {
-    row.insert(row.end(), {kNone, kNone});
-  } else {
+/// An item and what the listing tells of it.
+struct Listing {
+  Item Of;
+  bool Focus = false, Picked = false, Valid = false;
+  std::optional<std::int32_t> Rows, Selected;
+  Text Filter;
+  std::string Problem;
+};
+
+Listing ListingOf(const Item& item, const Ref<IMap>& focus, const Value& selected) {
+  Listing listing{
+      item, Same(item.Object, focus), IsPicked(selected, item.Object), IsValid(item), {}, {}, {},
+      {}};
+  if (const auto table = item.Object.TryAs<ITable>(); table && listing.Valid) {
+    listing.Rows = table->RowCount({});
     const auto selection = item.Object.As<ITableSelection>()->SelectionSet();
-    row.push_back(std::to_string(table->RowCount({})));
-    row.push_back(selection ? std::to_string(selection->Count()) : kNone);
+    if (selection) listing.Selected = selection->Count();
   }
   const auto definition = item.Object.TryAs<ITableDefinition>();
-  row.push_back(definition ? ToUtf8(definition->DefinitionExpression()) : "");
+  if (definition) listing.Filter = definition->DefinitionExpression();
+  const auto problem = item.Object.TryAs<headless::IProblem>();
+  if (problem && !listing.Valid) listing.Problem = problem->Problem();
+  return listing;
 }
 
-int ListContents(Session& session) {
+std::vector<Listing> Contents(Session& session) {
   const auto document = session.Document();
   const Value selected = document->CurrentContentsView()->SelectedItem();
   const auto focus = document->FocusMap();
-  Columns columns({">number", "mark", "kind", "name", "valid", ">rows", ">selected", "filter"});
-  std::vector<std::string> problems;
+  std::vector<Listing> contents;
   for (const Item& item : ItemsOf(session.Host())) {
-    const bool valid = IsValid(item);
-    const auto problem = item.Object.TryAs<headless::IProblem>();
-    if (!valid && problem) {
-      problems.push_back(ToUtf8(item.Name) + ": not opened: " + problem->Problem());
-    }
-    std::string mark = Same(item.Object, focus) ? "focus" : "";
-    if (IsPicked(selected, item.Object)) mark += mark.empty() ? "picked" : ",picked";
-    Columns::Row row{std::to_string(item.Number), mark.empty() ? kNone : mark, item.Kind,
-                     std::string(2 * static_cast<std::size_t>(item.Depth), ' ') + ToUtf8(item.Name),
-                     valid ? "valid" : "invalid"};
-    AddTableCells(item, valid, row);
-    columns.Add(std::move(row));
+    contents.push_back(ListingOf(item, focus, selected));
+  }
+  return contents;
+}
+
+int ListContents(Session& session) {
+  const auto count = [](const std::optional<std::int32_t>& rows) {
+    return rows ? std::to_string(*rows) : kNone;
+  };
+  const auto contents = Contents(session);
+  Columns columns({">number", "mark", "kind", "name", "valid", ">rows", ">selected", "filter"});
+  for (const Listing& each : contents) {
+    const auto indent = 2 * static_cast<std::size_t>(each.Of.Depth);
+    std::string mark = each.Focus ? "focus" : "";
+    if (each.Picked) mark += mark.empty() ? "picked" : ",picked";
+    columns.Add({std::to_string(each.Of.Number), mark.empty() ? kNone : mark, each.Of.Kind,
+                 std::string(indent, ' ') + ToUtf8(each.Of.Name), each.Valid ? "valid" : "invalid",
+                 count(each.Rows), count(each.Selected), ToUtf8(each.Filter)});
   }
   columns.Print(std::cout);
   std::cout << std::flush;
-  for (const std::string& each : problems) std::cerr << each << std::endl;
+  for (const Listing& each : contents) {
+    if (each.Problem.empty()) continue;
+    std::cerr << ToUtf8(each.Of.Name) << ": not opened: " << each.Problem << std::endl;
+  }
+  return kDone;
+}
+
+int PrintContents(Session& session) {
+  const auto count = [](const std::optional<std::int32_t>& rows) {
+    return rows ? Json(*rows) : Json(nullptr);
+  };
+  const JsonLines lines("contents");
+  for (const Listing& each : Contents(session)) {
+    lines.Print("item", {{"number", each.Of.Number},
+                         {"depth", each.Of.Depth},
+                         {"kind", each.Of.Kind},
+                         {"name", JsonOf(each.Of.Name)},
+                         {"focus", each.Focus},
+                         {"picked", each.Picked},
+                         {"valid", each.Valid},
+                         {"rows", count(each.Rows)},
+                         {"selected", count(each.Selected)},
+                         {"filter", JsonOf(each.Filter)},
+                         {"problem", each.Problem}});
+  }
+  return kDone;
+}
+
+int PrintFields(Session& session, const std::string& word) {
+  const auto fields = FieldsOf(FindTable(session.Host(), word));
+  const JsonLines lines("fields");
+  for (const Field& field : fields) {
+    lines.Print("field", {{"number", field.Number},
+                          {"name", JsonOf(field.Name)},
+                          {"alias", JsonOf(field.Alias)},
+                          {"type", WordOf(field.Type)},
+                          {"visible", field.Visible}});
+  }
   return kDone;
 }
 
@@ -108,14 +162,20 @@ int SetTab(Session& session, const std::string& name) {
 }  // namespace
 
 void AddContentsActions(CLI::App& app, Action& action) {
-  app.add_subcommand("contents", "List data frames, layers, groups and tables")
-      ->callback([&action] { action = ListContents; });
+  CLI::App* contents =
+      app.add_subcommand("contents", "List data frames, layers, groups and tables");
+  const auto contentsAsJson = AddJsonFlag(*contents);
+  contents->callback(
+      [&action, contentsAsJson] { action = *contentsAsJson ? PrintContents : ListContents; });
 
   const auto word = std::make_shared<std::string>();
   CLI::App* fields = app.add_subcommand("fields", "List the fields of a layer or table");
   fields->add_option("ITEM", *word, "Its name, or #n")->required();
-  fields->callback([&action, word] {
-    action = [word](Session& session) { return ListFields(session, *word); };
+  const auto json = AddJsonFlag(*fields);
+  fields->callback([&action, word, json] {
+    action = [word, json](Session& session) {
+      return *json ? PrintFields(session, *word) : ListFields(session, *word);
+    };
   });
 
   const auto frame = std::make_shared<std::string>();
@@ -127,7 +187,7 @@ void AddContentsActions(CLI::App& app, Action& action) {
 
   const auto name = std::make_shared<std::string>();
   CLI::App* tab = app.add_subcommand("tab", "Bring a contents view to the front");
-  tab->add_option("TAB", *name, "Display, Source or Selection")
+  tab->add_option("TAB", *name, "Which of them")
       ->required()
       ->check(CLI::IsMember({"Display", "Source", "Selection"}));
   tab->callback(

@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "frame/documentmodel.h"
+#include "hosts/headless/problem.h"
 #include "hosts/headless/rasterlayer.h"
 
 namespace brelmon::cli {
@@ -101,10 +102,16 @@ bool IsValid(const Item& item) {
   return true;
 }
 
+/// With the reason, where the host knows one.
+Refusal NotReached(const Item& item) {
+  const auto known = item.Object.TryAs<headless::IProblem>();
+  const std::string reason = known ? known->Problem() : "";
+  return Refusal("the data of \"" + ToUtf8(item.Name) + "\" can't be reached" +
+                 (reason.empty() ? "" : ": " + reason));
+}
+
 std::vector<Field> FieldsOf(const Item& table) {
-  if (!IsValid(table)) {
-    throw Refusal("the data of \"" + ToUtf8(table.Name) + "\" can't be reached");
-  }
+  if (!IsValid(table)) throw NotReached(table);
   const auto view = table.Object.As<ITableFields>();
   std::vector<Field> fields;
   for (std::int32_t i = 0; i < view->FieldCount(); ++i) {
@@ -126,7 +133,7 @@ const Field& FindField(const std::vector<Field>& fields, const Item& table,
 
 std::int32_t RowOnOffer(headless::HeadlessHost& host, const Item& item) {
   const std::string name = "\"" + ToUtf8(item.Name) + "\"";
-  if (!IsValid(item)) throw Refusal("the data of " + name + " can't be reached");
+  if (!IsValid(item)) throw NotReached(item);
   const auto focus = host.Document()->FocusMap();
   if (!Same(item.Frame, focus)) {
     throw Refusal(name + " is not in the data frame in focus, \"" + ToUtf8(focus->Name()) + "\"");

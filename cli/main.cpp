@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// brelmon [--yes|--no] [--now TIME] MODULE [ACTION...]
+// brelmon [--yes|--no] [--now TIME] [--server HOST] MODULE [ACTION...]
 #include <algorithm>
 #include <cstdio>
 #include <iostream>

@@ -66,10 +66,11 @@ int Open(Session& session, const MediaOptions& options) {
     list.UserClick(options.Number - 1);
     Press(form, u"cmdOK", "nothing is chosen");
   });
+  if (!outcome.Untroubled()) return kFailed;
   for (const std::string& each : session.Shell().Asked()) {
     std::cout << (options.Open ? "opened: " : "would open: ") << each << '\n';
   }
-  return outcome.Untroubled() && !session.Shell().Asked().empty() ? kDone : kFailed;
+  return session.Shell().Asked().empty() ? kFailed : kDone;
 }
 
 void AddKind(CLI::App& app, MediaOptions& options) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// Beside the program, or where things were built.
+// From the program on.
 #include "cli/pagefolder.h"
 
 #include <cstdlib>
@@ -13,8 +13,7 @@ std::string PageFolder() {
   if (given != nullptr && *given != '\0') return given;
   std::error_code none;
   const fs::path program = fs::read_symlink("/proc/self/exe", none).parent_path();
-  const fs::path installed = program.parent_path() / "share" / "brelmon-tools" / "web";
-  return fs::is_directory(installed, none) ? installed.string() : BRELMON_PAGE_FOLDER;
+  return (program / BRELMON_PAGE).lexically_normal().string();
 }
 
 }  // namespace brelmon::cli

@@ -6,8 +6,8 @@
 
 namespace brelmon::cli {
 
-/// The environment's BRELMON_WEB, else ../share/brelmon-tools/web beside the program's folder, else
-/// where it is built. What it holds is not looked at.
+/// The environment's BRELMON_WEB, else the folder web among the data of the program's prefix. What
+/// it holds is not looked at.
 std::string PageFolder();
 
 }  // namespace brelmon::cli

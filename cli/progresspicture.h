@@ -5,7 +5,7 @@
 #include <ostream>
 #include <streambuf>
 
-#include "hosts/headless/application.h"
+#include "hosts/headless/progressbar.h"
 
 namespace brelmon::cli {
 

@@ -6,6 +6,7 @@
 
 #include "cli/actions.h"
 #include "cli/dialogrows.h"
+#include "cli/jsonlines.h"
 #include "cli/reports.h"
 #include "selection/queryoperation.h"
 
@@ -33,7 +34,7 @@ struct QueryOptions {
   std::string ItemWord;
   std::optional<std::string> QueryText;
   bool Chosen[std::size(kOperations)] = {};
-  bool Filter = false;
+  bool Filter = false, AsJson = false;
 
   std::size_t Chose() const {
     return static_cast<std::size_t>(std::find(std::begin(Chosen), std::end(Chosen), true) -
@@ -45,7 +46,12 @@ void ChooseItem(Form& form, Session& session, const Item& item) {
   Get<ListBox>(form, u"lbxThemes").UserClick(RowOnOffer(session.Host(), item));
 }
 
-int Values(Session& session, const std::string& itemWord, const std::string& fieldWord) {
+void PrintValues(const std::vector<Text>& values) {
+  const JsonLines lines("values");
+  for (const Text& value : values) lines.Print("value", {{"text", JsonOf(value)}});
+}
+
+int Values(Session& session, const std::string& itemWord, const std::string& fieldWord, bool json) {
   const Item item = FindTable(session.Host(), itemWord);
   const auto fields = FieldsOf(item);
   const Field field = FindField(fields, item, fieldWord);
@@ -59,7 +65,7 @@ int Values(Session& session, const std::string& itemWord, const std::string& fie
     Dismiss(form);
   };
   const Outcome outcome = session.Click(u"cmdSelByAttBrelmon", {{Text(kForm), work}});
-  PrintTexts(values);
+  json ? PrintValues(values) : PrintTexts(values);
   return outcome.Untroubled() ? kDone : kFailed;
 }
 
@@ -67,6 +73,18 @@ void PressOperation(Form& form, const Operation& operation) {
   const std::string caption = ToUtf8(form.ControlNamed(operation.Button).Caption());
   Press(form, operation.Button,
         "the button " + caption + " is disabled: there is nothing that it could work on");
+}
+
+/// What the click came to; the count at the end of the line that the dialog shows.
+void PrintResult(const QueryOptions& options, const Item& item, const Text& line) {
+  const auto blank = line.rfind(u' ');
+  const Json count = NumberIn(blank == Text::npos ? line : line.substr(blank + 1));
+  const JsonLines lines("query");
+  lines.Print("result", {{"item", JsonOf(item.Name)},
+                         {"operation", kOperations[options.Chose()].Option + 2},
+                         {"target", options.Filter ? "filter" : "selection"},
+                         {"text", JsonOf(line)},
+                         {"count", count}});
 }
 
 int Query(Session& session, const QueryOptions& options) {
@@ -87,7 +105,7 @@ int Query(Session& session, const QueryOptions& options) {
   const bool verified =
       outcome.Trails == 0 && outcome.Told.size() == 1 && outcome.Told[0] == kVerifiedTitle;
   if (chose == kVerify ? !verified : !outcome.Untroubled()) return kFailed;
-  PrintText(count);
+  options.AsJson ? PrintResult(options, item, count) : PrintText(count);
   return kDone;
 }
 
@@ -103,7 +121,9 @@ void AddQuery(CLI::App& app, Action& action) {
   }
   operations->require_option(1);
   query->add_flag("--filter", options->Filter, "Work on the filter in place of the selection");
-  query->callback([&action, options] {
+  const auto json = AddJsonFlag(*query);
+  query->callback([&action, options, json] {
+    options->AsJson = *json;
     if (!options->QueryText && !options->Chosen[kClear]) throw CLI::RequiredError("TEXT");
     action = [options](Session& session) { return Query(session, *options); };
   });
@@ -116,8 +136,11 @@ void AddQueryActions(CLI::App& app, Action& action) {
   CLI::App* values = app.add_subcommand("values", "List the values of a field, as in the dialog");
   values->add_option("ITEM", words->first, "A layer or table: its name, or #n")->required();
   values->add_option("FIELD", words->second, "Its alias, name or #n")->required();
-  values->callback([&action, words] {
-    action = [words](Session& session) { return Values(session, words->first, words->second); };
+  const auto json = AddJsonFlag(*values);
+  values->callback([&action, words, json] {
+    action = [words, json](Session& session) {
+      return Values(session, words->first, words->second, *json);
+    };
   });
   AddQuery(app, action);
 }

@@ -51,8 +51,7 @@ Session::Session(const std::string& module)
   services.shell = shell_.get();
   std::error_code none;
   const auto folder = std::filesystem::read_symlink("/proc/self/exe", none).parent_path();
-  const std::string library = host::Component::Find(folder, BRELMON_COMPONENT_FILE);
-  component_ = host::Component::Load(library, services);
+  component_ = host::Component::Load(host::Component::Find(folder, BRELMON_COMPONENT), services);
 }
 
 Session::~Session() = default;

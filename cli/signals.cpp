@@ -5,6 +5,7 @@
 #include <signal.h>
 
 #include "hosts/columns/unfinished.h"
+#include "hosts/servers/connection.h"
 
 namespace brelmon::cli {
 namespace {
@@ -12,6 +13,7 @@ namespace {
 /// The signal comes again as soon as this returns, and finds nobody.
 void End(int number) {
   columns::Unfinished::RemoveAll();
+  servers::CancelAll();
   ::raise(number);
 }
 

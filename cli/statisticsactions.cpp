@@ -5,6 +5,8 @@
 
 #include "cli/actions.h"
 #include "cli/dialogrows.h"
+#include "cli/jsonlines.h"
+#include "cli/reportrecords.h"
 #include "cli/reports.h"
 
 namespace brelmon::cli {
@@ -17,6 +19,7 @@ struct StatisticsOptions {
   std::optional<std::string> Ignore;
   bool IgnoreNothing = false;
   std::optional<int> Decimals;
+  bool AsJson = false;
 };
 
 void ChooseFields(Form& form, const std::vector<Field>& fields, const std::set<int>& chosen) {
@@ -77,7 +80,11 @@ int Statistics(Session& session, const StatisticsOptions& options) {
   };
   const Outcome outcome = session.Click(u"cmdStats", {{u"brelmon_ThemeIDDialog", work}});
   const auto report = ShownReport(session);
-  if (report) PrintText(ReportText(*report));
+  if (report && options.AsJson) {
+    PrintReport(ReportText(*report), item.Name);
+  } else if (report) {
+    PrintText(ReportText(*report));
+  }
   return report && !refused && outcome.Trails == 0 ? kDone : kFailed;
 }
 
@@ -95,12 +102,15 @@ void AddStatisticsActions(CLI::App& app, Action& action) {
   auto* all = statistics->add_flag("--all", options->All, "All records, even with a selection");
   selected->excludes(all);
   auto* ignore =
-      statistics->add_option("--ignore", options->Ignore, "Values to ignore, parted by commas");
+      statistics->add_option("--ignore", options->Ignore, "Values to ignore, parted by commas")
+          ->type_name("LIST");
   auto* nothing = statistics->add_flag("--ignore-nothing", options->IgnoreNothing,
                                        "Ignore no values, after they were ignored once");
   ignore->excludes(nothing);
-  statistics->add_option("--decimals", options->Decimals, "Decimal places");
-  statistics->callback([&action, options] {
+  statistics->add_option("--decimals", options->Decimals, "Decimal places")->type_name("N");
+  const auto json = AddJsonFlag(*statistics);
+  statistics->callback([&action, options, json] {
+    options->AsJson = *json;
     action = [options](Session& session) { return Statistics(session, *options); };
   });
 }

@@ -7,6 +7,7 @@
 #include "cli/actions.h"
 #include "cli/columns.h"
 #include "cli/dialogrows.h"
+#include "cli/jsonlines.h"
 #include "hosts/common/folderworkspace.h"
 #include "hosts/common/paths.h"
 #include "summarize/summarystring.h"
@@ -19,7 +20,7 @@ constexpr int kRowsShown = 10;
 struct SummarizeOptions {
   std::string ItemWord, FieldWord, Output;
   std::vector<std::string> Statistics;  // "Average:MAG"
-  bool Selected = false, All = false;
+  bool Selected = false, All = false, AsJson = false;
 };
 
 struct Ticked {
@@ -90,14 +91,22 @@ std::vector<Field> DataFields(const Item& table) {
   return fields;
 }
 
-void PrintColumns(const std::vector<Field>& fields, const std::vector<std::string>& meanings) {
-  Columns columns({"column", "holds"});
+/// What each column holds.
+std::vector<std::string> MeaningsOf(const std::vector<Field>& fields,
+                                    const std::vector<std::string>& meanings) {
   // A host may write the field itself before the terms that were asked for.
   const std::size_t extra = fields.size() > meanings.size() ? fields.size() - meanings.size() : 0;
+  std::vector<std::string> held;
   for (std::size_t i = 0; i < fields.size(); ++i) {
     const std::size_t term = i < extra ? 0 : i - extra;
-    columns.Add({ToUtf8(fields[i].Name), term < meanings.size() ? meanings[term] : ""});
+    held.push_back(term < meanings.size() ? meanings[term] : "");
   }
+  return held;
+}
+
+void PrintColumns(const std::vector<Field>& fields, const std::vector<std::string>& held) {
+  Columns columns({"column", "holds"});
+  for (std::size_t i = 0; i < fields.size(); ++i) columns.Add({ToUtf8(fields[i].Name), held[i]});
   columns.Print(std::cout);
 }
 
@@ -157,12 +166,35 @@ std::vector<std::string> WorkForm(Form& form, Session& session, const Request& r
   return meanings;
 }
 
-void PrintTable(const Item& table, const std::vector<std::string>& meanings) {
+/// All rows, with their values by the columns' names.
+void PrintRecords(const Item& table, const std::string& path, const std::vector<Field>& fields,
+                  const std::vector<std::string>& held) {
+  const JsonLines lines("summarize");
+  const auto data = table.Object.As<ITable>();
+  lines.Print("table", {{"path", path}, {"rows", data->RowCount({})}});
+  for (std::size_t i = 0; i < fields.size(); ++i) {
+    lines.Print(
+        "column",
+        {{"name", JsonOf(fields[i].Name)}, {"type", WordOf(fields[i].Type)}, {"holds", held[i]}});
+  }
+  const auto cursor = data->Search({}, true);
+  for (auto row = cursor->NextRow(); row; row = cursor->NextRow()) {
+    Json values = Json::object();
+    for (const Field& each : fields) {
+      values[ToUtf8(each.Name)] = JsonOf(row->Value(each.Number - 1));
+    }
+    lines.Print("row", {{"values", values}});
+  }
+}
+
+void PrintTable(const Item& table, const std::vector<std::string>& meanings, bool json) {
   const auto fields = DataFields(table);
+  const auto held = MeaningsOf(fields, meanings);
   // The host adds an extension to a name without one.
-  const auto path = table.Object.As<IDataset>()->FullName().As<host::DatasetPath>();
-  std::cout << "table: " << path->SystemPath << "\n\n";
-  PrintColumns(fields, meanings);
+  const auto path = table.Object.As<IDataset>()->FullName().As<host::DatasetPath>()->SystemPath;
+  if (json) return PrintRecords(table, path, fields, held);
+  std::cout << "table: " << path << "\n\n";
+  PrintColumns(fields, held);
   std::cout << '\n';
   PrintRows(table, fields);
 }
@@ -181,7 +213,7 @@ int Summarize(Session& session, const SummarizeOptions& options) {
   const std::int32_t after = tables->StandaloneTableCount();
   if (after == before) return kFailed;
   const auto made = tables->StandaloneTable(after - 1);
-  PrintTable({0, 0, "table", made->Name(), made, {}}, meanings);
+  PrintTable({0, 0, "table", made->Name(), made, {}}, meanings, options.AsJson);
   return outcome.Untroubled() ? kDone : kFailed;
 }
 
@@ -205,7 +237,9 @@ void AddSummarizeActions(CLI::App& app, Action& action) {
   summarize->add_option("--output", options->Output, "The table's file (.dbf)")
       ->type_name("PATH")
       ->required();
-  summarize->callback([&action, options] {
+  const auto json = AddJsonFlag(*summarize);
+  summarize->callback([&action, options, json] {
+    options->AsJson = *json;
     action = [options](Session& session) { return Summarize(session, *options); };
   });
 }

@@ -5,6 +5,7 @@
 
 #include "cli/actions.h"
 #include "cli/columns.h"
+#include "cli/jsonlines.h"
 #include "frame/commandtable.h"
 #include "hosts/common/baritems.h"
 
@@ -18,17 +19,32 @@ Columns::Row RowOfClass(Session& session, int position, const Text& className) {
           session.Enabled(className) ? "enabled" : "disabled"};
 }
 
+std::vector<host::BarItem> ItemsOfBar(Session& session) {
+  return host::ItemsOf(*session.CreateObject(kToolBarClass).As<IToolBarDef>());
+}
+
 int ListToolBar(Session& session) {
-  const auto bar = session.CreateObject(kToolBarClass).As<IToolBarDef>();
-  const std::size_t prefix = ProgIdOf({}).size();
   Columns columns({">position", "class", "caption", "state", "group"});
   int position = 0;
-  for (const host::BarItem& item : host::ItemsOf(bar)) {
-    auto row = RowOfClass(session, position++, item.ProgId.substr(prefix));
-    row.push_back(item.Group ? "group" : "");
+  for (const auto& [className, beginsGroup] : ItemsOfBar(session)) {
+    auto row = RowOfClass(session, position++, className);
+    row.push_back(beginsGroup ? "group" : "");
     columns.Add(std::move(row));
   }
   columns.Print(std::cout);
+  return kDone;
+}
+
+int PrintToolBar(Session& session) {
+  const JsonLines lines("toolbar");
+  int position = 0;
+  for (const auto& [className, group] : ItemsOfBar(session)) {
+    lines.Print("button", {{"position", position++},
+                           {"class", JsonOf(className)},
+                           {"caption", JsonOf(session.Command(className)->Caption())},
+                           {"enabled", session.Enabled(className)},
+                           {"group", group}});
+  }
   return kDone;
 }
 
@@ -45,8 +61,10 @@ int ListCommands(Session& session) {
 }  // namespace
 
 void AddToolbarActions(CLI::App& app, Action& action) {
-  app.add_subcommand("toolbar", "List the toolbar's items; \"group\" marks where a group begins")
-      ->callback([&action] { action = ListToolBar; });
+  CLI::App* toolbar = app.add_subcommand(
+      "toolbar", "List the toolbar's items; \"group\" marks where a group begins");
+  const auto json = AddJsonFlag(*toolbar);
+  toolbar->callback([&action, json] { action = *json ? PrintToolBar : ListToolBar; });
   app.add_subcommand("commands", "List all twenty commands")->callback([&action] {
     action = ListCommands;
   });

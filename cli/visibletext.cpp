@@ -9,14 +9,6 @@
 namespace brelmon::cli {
 namespace {
 
-bool Steers(std::uint32_t character) {
-  if (character == '\n' || character == '\t') return false;
-  return character < 0x20 || (character >= 0x7F && character < 0xA0) || character == 0x61C ||
-         (character >= 0x200E && character <= 0x200F) ||
-         (character >= 0x2028 && character <= 0x202E) ||
-         (character >= 0x2066 && character <= 0x2069);
-}
-
 /// A whole character that is shown as it is.
 bool IsPlain(char byte) { return (byte >= 0x20 && byte < 0x7F) || byte == '\n' || byte == '\t'; }
 
@@ -37,6 +29,14 @@ std::uint32_t CharacterOf(const std::string& bytes) {
 }
 
 }  // namespace
+
+bool Steers(std::uint32_t character) {
+  if (character == '\n' || character == '\t') return false;
+  return character < 0x20 || (character >= 0x7F && character < 0xA0) || character == 0x61C ||
+         (character >= 0x200E && character <= 0x200F) ||
+         (character >= 0x2028 && character <= 0x202E) ||
+         (character >= 0x2066 && character <= 0x2069);
+}
 
 VisibleText::~VisibleText() {
   Flush();

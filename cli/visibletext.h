@@ -2,11 +2,15 @@
 // A module's texts on a terminal: what steers a terminal is shown, not done.
 #pragma once
 
+#include <cstdint>
 #include <ostream>
 #include <streambuf>
 #include <string>
 
 namespace brelmon::cli {
+
+/// Whether a character steers a terminal or the direction of writing; line ends and tabs don't.
+bool Steers(std::uint32_t character);
 
 /// For as long as it lives, a stream of UTF-8 shows control characters (but for line ends and tabs)
 /// and marks of writing direction as `<U+001B>`. Bytes of a character may come in pieces.

@@ -21,6 +21,13 @@ inline void Demand(bool holds) {
   if (!holds) std::abort();
 }
 
+/// The same, and says what wasn't.
+inline void DemandSame(const std::string& ours, const std::string& theirs, const std::string& of) {
+  if (ours == theirs) return;
+  std::fprintf(stderr, "%s\nours:   %s\ntheirs: %s\n", of.c_str(), ours.c_str(), theirs.c_str());
+  std::abort();
+}
+
 /// The only file there is, whatever its path.
 class OneFile : public IFileSystem {
  public:

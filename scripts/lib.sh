@@ -6,12 +6,14 @@ top=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 build=$top/build/release
 
 build_packages=(cmake ninja-build g++ pkg-config libicu-dev libgdal-dev libsqlite3-dev
-  libpugixml-dev libreadline-dev libcli11-dev nlohmann-json3-dev)
+  libpugixml-dev libreadline-dev libcli11-dev nlohmann-json3-dev cmark-gfm libpq-dev)
 qgis_packages=(qgis qgis-providers libqgis-dev qtbase5-dev libqt5svg5-dev)
 web_packages=(rapidjson-dev python3)
 browser_packages=(chromium firefox-esr)
+package_packages=(debhelper dpkg-dev fakeroot lintian)
 check_packages=(g++ clang-format clang-tidy codespell shellcheck git)
-test_packages=(libgtest-dev python3 xvfb xauth xdotool openbox imagemagick x11-utils)
+test_packages=(libgtest-dev python3 xvfb xauth xdotool openbox imagemagick x11-utils
+  postgresql-15 postgresql-15-postgis-3)
 
 # install_missing PACKAGE...: as root or through sudo; says what is missing otherwise.
 install_missing() {

@@ -61,7 +61,7 @@ struct Column {
 /// Some rows that follow each other in their source.
 struct Batch {
   std::size_t Rows = 0;
-  std::vector<std::int64_t> Ids;  // one for each row
+  std::vector<std::int64_t> Ids;  // one for each row, where they were asked for
   std::vector<Column> Columns;    // by index in the source's fields; empty for those not asked for
   std::vector<std::uint32_t> Live;  // the rows that count, ascending: not deleted, not filtered out
 };

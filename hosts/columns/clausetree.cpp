@@ -239,7 +239,9 @@ class Reader {
     if (TakeMark('>')) {
       const Kind kind = TakeMark('=') ? Kind::LessEqual : Kind::Less;
       Node right = Sum();
-      return Last(New(kind, std::move(right), std::move(left)));
+      Node node = New(kind, std::move(right), std::move(left));
+      node->turned = true;
+      return Last(std::move(node));
     }
     return left;
   }

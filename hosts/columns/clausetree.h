@@ -37,7 +37,8 @@ struct ClauseNode {
   Kind kind = Kind::Whole;
   std::int64_t whole = 0;
   double real = 0;
-  std::string text;  // of a constant or a name
+  std::string text;     // of a constant or a name
+  bool turned = false;  // of a comparison: its sides were written the other way round
   std::vector<std::unique_ptr<ClauseNode>> parts;
 };
 

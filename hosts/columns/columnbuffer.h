@@ -13,6 +13,7 @@ namespace brelmon::columns {
 class TextRoom {
  public:
   std::string_view Put(std::string_view text) {
+    if (text.empty()) return "";  // there may be no room yet
     if (used_ + text.size() > Size()) Grow(text.size());
     char* place = rooms_[room_].get() + used_;
     std::copy(text.begin(), text.end(), place);

@@ -73,38 +73,57 @@ class IsNullCondition : public Condition {
   std::size_t field_;
 };
 
-/// `test` says of a value whether it holds; nulls never do, or break the clause.
+/// `test` says of a value whether it holds; nulls never do.
 template <class Values, class Test>
 class ValueCondition : public Condition {
  public:
-  ValueCondition(std::size_t field, Values values, Answer ofNull, Test test)
-      : field_(field), values_(values), ofNull_(ofNull), test_(std::move(test)) {}
+  ValueCondition(std::size_t field, Values values, Test test)
+      : field_(field), values_(values), test_(std::move(test)) {}
   void Decide(const Batch& batch, const RowList& rows, Answers& answers) const override {
     const Column& column = batch.Columns[field_];
     const auto& values = column.*values_;
     for (std::size_t i = 0; i < rows.size(); ++i) {
       const std::uint32_t row = rows[i];
-      answers[i] = column.IsNull(row) ? ofNull_ : Of(test_(values[row]));
+      answers[i] = column.IsNull(row) ? Answer::False : Of(test_(values[row]));
     }
   }
-  bool MayBreak() const override { return ofNull_ == Answer::Broken; }
 
  private:
   std::size_t field_;
   Values values_;
-  Answer ofNull_;
   Test test_;
 };
 
 template <class Test>
 ConditionPtr OfTexts(std::size_t field, Test test) {
-  return std::make_unique<ValueCondition<decltype(&Column::Texts), Test>>(
-      field, &Column::Texts, Answer::False, std::move(test));
+  return std::make_unique<ValueCondition<decltype(&Column::Texts), Test>>(field, &Column::Texts,
+                                                                          std::move(test));
 }
+/// A null among dates breaks the clause, as does what was read as a date and is none.
+template <class Test>
+class MomentCondition : public Condition {
+ public:
+  MomentCondition(std::size_t field, Test test) : field_(field), test_(std::move(test)) {}
+  void Decide(const Batch& batch, const RowList& rows, Answers& answers) const override {
+    const Column& column = batch.Columns[field_];
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+      const Moment& value = column.Moments[rows[i]];
+      answers[i] = column.IsNull(rows[i]) || !IsDate(value) ? Answer::Broken : Of(test_(value));
+    }
+  }
+  bool MayBreak() const override { return true; }
+
+ private:
+  static bool IsDate(const Moment& value) {
+    return value.Month >= 1 && value.Month <= 12 && value.Day >= 1 && value.Day <= 31;
+  }
+  std::size_t field_;
+  Test test_;
+};
+
 template <class Test>
 ConditionPtr OfMoments(std::size_t field, Test test) {
-  return std::make_unique<ValueCondition<decltype(&Column::Moments), Test>>(
-      field, &Column::Moments, Answer::Broken, std::move(test));
+  return std::make_unique<MomentCondition<Test>>(field, std::move(test));
 }
 
 bool Holds(Kind kind, int order) {
@@ -179,13 +198,14 @@ class Compiler {
     const ClauseNode *left = node.parts[0].get(), *right = node.parts[1].get();
     if (left->kind == Kind::Text || right->kind == Kind::Text) {
       const bool turned = left->kind == Kind::Text;
-      return WithText(node.kind, turned ? *right : *left, turned ? left->text : right->text,
-                      turned);
+      return WithText(node, turned ? *right : *left, turned ? left->text : right->text, turned);
     }
     return CompareNumbers(node, fields_, tested_);
   }
 
-  ConditionPtr WithText(Kind kind, const ClauseNode& name, const std::string& text, bool turned) {
+  ConditionPtr WithText(const ClauseNode& comparison, const ClauseNode& name,
+                        const std::string& text, bool turned) {
+    const Kind kind = comparison.kind;
     const Field* field = FieldOf(name);
     if (!field) return nullptr;
     if (field->Stored == Storage::Text) {
@@ -197,13 +217,14 @@ class Compiler {
       });
     }
     Moment moment;
-    // A date that is written first, or unequal, is compared as a text.
-    if (field->Stored != Storage::Moment || turned || kind == Kind::NotEqual ||
+    // A constant that is written first, or unequal, is compared as a text.
+    if (field->Stored != Storage::Moment || turned != comparison.turned || kind == Kind::NotEqual ||
         !ReadMoment(text, moment)) {
       return nullptr;
     }
     return OfMoments(IndexOf(field), [=](const Moment& value) {
-      return Holds(kind, CompareMoments(value, moment));
+      const int order = CompareMoments(value, moment);
+      return Holds(kind, turned ? -order : order);
     });
   }
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <numeric>
 
+#include "hosts/columns/emptyvalue.h"
 #include "hosts/columns/values.h"
 #include "hosts/common/hostfailure.h"
 
@@ -15,8 +16,8 @@ namespace {
 /// read from the first time on that somebody looks at them: most loops look at one.
 class Reading {
  public:
-  Reading(std::shared_ptr<IRowSource> source, RowRequest request)
-      : source_(std::move(source)), request_(std::move(request)) {}
+  Reading(std::shared_ptr<IRowSource> source, RowRequest request, Text table)
+      : source_(std::move(source)), request_(std::move(request)), table_(std::move(table)) {}
 
   /// False at the end, for ever.
   bool Next() {
@@ -39,7 +40,16 @@ class Reading {
     if (unlimited && std::count(request_.Fields.begin(), request_.Fields.end(), field) == 0) {
       ReadAlso(field);
     }
-    return ended_ ? Value() : ValueAt(batch_->Columns[field], Fields()[field], Row());
+    return ended_ ? Value() : Known(*batch_, field, Row());
+  }
+  /// A value of a batch, whichever is at hand.
+  Value Known(const Batch& batch, std::size_t field, std::size_t row) const {
+    Value value = ValueAt(batch.Columns[field], Fields()[field], row);
+    if (value.IsNull()) {
+      const auto record = batch.Ids.empty() ? std::nullopt : std::optional(batch.Ids[row]);
+      NoteEmptyValue(table_, FromUtf8(Fields()[field].Name), record);
+    }
+    return value;
   }
 
  private:
@@ -66,6 +76,7 @@ class Reading {
 
   std::shared_ptr<IRowSource> source_;
   RowRequest request_;
+  Text table_;
   std::unique_ptr<IBatchReader> rows_;
   std::shared_ptr<Batch> batch_;
   std::size_t batches_ = 0, at_ = 0;  // read so far; place among the live rows
@@ -99,8 +110,7 @@ class KeptRow : public IRowBuffer {
   explicit KeptRow(std::shared_ptr<Reading> reading)
       : reading_(std::move(reading)), batch_(reading_->AtHand()), row_(reading_->Row()) {}
   brelmon::Value Value(std::int32_t index) override {
-    const std::size_t field = FieldAt(reading_->Fields(), index);
-    return ValueAt(batch_->Columns[field], reading_->Fields()[field], row_);
+    return reading_->Known(*batch_, FieldAt(reading_->Fields(), index), row_);
   }
 
  private:
@@ -111,9 +121,11 @@ class KeptRow : public IRowBuffer {
 
 class Cursor : public ICursor, public IColumnCursor {
  public:
-  Cursor(std::shared_ptr<IRowSource> source, RowRequest request, bool unlimited, bool recycling)
+  Cursor(std::shared_ptr<IRowSource> source, RowRequest request, bool unlimited, bool recycling,
+         Text table)
       : source_(std::move(source)),
         request_(std::move(request)),
+        table_(std::move(table)),
         unlimited_(unlimited),
         recycling_(recycling) {}
 
@@ -130,11 +142,12 @@ class Cursor : public ICursor, public IColumnCursor {
   }
   const std::vector<Field>& Fields() override { return source_->Fields(); }
 
-  std::unique_ptr<IBatchReader> TakeRows(std::size_t field) override {
+  std::unique_ptr<IBatchReader> TakeValues(std::size_t field) override {
     if (reading_) host::Fail(failure::kInvalidCall, "Rows of this cursor were read already.");
     request_.Fields = {field};
-    auto rows = source_->Read(request_);
-    reading_ = std::make_shared<Reading>(source_, RowRequest{{}, {}, std::make_shared<RowIds>()});
+    auto rows = source_->ReadValues(request_);
+    reading_ =
+        std::make_shared<Reading>(source_, RowRequest{{}, {}, std::make_shared<RowIds>()}, table_);
     return rows;
   }
 
@@ -144,11 +157,12 @@ class Cursor : public ICursor, public IColumnCursor {
       request_.Fields.resize(source_->Fields().size());
       std::iota(request_.Fields.begin(), request_.Fields.end(), std::size_t{0});
     }
-    reading_ = std::make_shared<Reading>(source_, request_);
+    reading_ = std::make_shared<Reading>(source_, request_, table_);
   }
 
   std::shared_ptr<IRowSource> source_;
   RowRequest request_;
+  Text table_;
   bool unlimited_, recycling_;
   std::shared_ptr<Reading> reading_;
   Ref<IRowBuffer> row_;
@@ -173,10 +187,11 @@ std::vector<std::size_t> FieldsNamed(const std::vector<Field>& fields, const Tex
 }  // namespace
 
 Ref<ICursor> NewCursor(std::shared_ptr<IRowSource> source, RowRequest request,
-                       const Text& subFields, bool recycling) {
+                       const Text& subFields, bool recycling, Text table) {
   const bool unlimited = subFields.empty() || subFields == u"*";
   if (!unlimited) request.Fields = FieldsNamed(source->Fields(), subFields);
-  return New<Cursor>(std::move(source), std::move(request), unlimited, recycling);
+  request.WithIds = false;
+  return New<Cursor>(std::move(source), std::move(request), unlimited, recycling, std::move(table));
 }
 
 }  // namespace brelmon::columns

@@ -12,14 +12,15 @@ class IColumnCursor : public virtual IObject {
   /// Index of the field of that name regardless of case; -1 if there is none.
   virtual std::int32_t FindField(const Text& name) = 0;
   virtual const std::vector<Field>& Fields() = 0;
-  /// The rows that are still to come, with this field's column alone; the cursor has none
-  /// afterwards.
-  virtual std::unique_ptr<IBatchReader> TakeRows(std::size_t field) = 0;
+  /// The values of this field in the rows that are still to come, in its column alone; one that
+  /// repeats need not come again. The cursor has no rows afterwards.
+  virtual std::unique_ptr<IBatchReader> TakeValues(std::size_t field) = 0;
 };
 
 /// Rows of a request whose fields are told by name: `subFields` holds names with commas between,
-/// empty or "*" for all; one that isn't there fails with E_FAIL.
+/// empty or "*" for all; one that isn't there fails with E_FAIL. Empty values are noted under the
+/// name `table`.
 Ref<ICursor> NewCursor(std::shared_ptr<IRowSource> source, RowRequest request,
-                       const Text& subFields, bool recycling);
+                       const Text& subFields, bool recycling, Text table = {});
 
 }  // namespace brelmon::columns

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <map>
 #include <set>
 
 #include "hosts/columns/dbftable.h"
@@ -105,15 +106,31 @@ std::string TableFileName(const Text& fileName) {
   return name;
 }
 
+/// The fields that the terms ask of, ascending, and what of each.
+std::vector<TalliedField> TalliedFields(const std::vector<DissolveTerm>& terms) {
+  std::map<std::size_t, TalliedField> tallied;
+  for (const DissolveTerm& term : terms) {
+    if (term.Of == Statistic::Count) continue;
+    TalliedField& field = tallied[term.Source];
+    field.Field = term.Source;
+    field.Sum = field.Sum || term.Of == Statistic::Sum || term.Of == Statistic::Average;
+    field.Spread = field.Spread || term.Of == Statistic::Variance || term.Of == Statistic::StdDev;
+  }
+  std::vector<TalliedField> fields;
+  for (const auto& each : tallied) fields.push_back(each.second);
+  return fields;
+}
+
 DissolveGroups Gather(const IColumnTable::Rows& rows, std::size_t key,
                       const std::vector<DissolveTerm>& terms) {
+  const std::vector<TalliedField> tallied = TalliedFields(terms);
   std::set<std::size_t> read;
-  for (const DissolveTerm& term : terms) {
-    if (term.Of != Statistic::Count) read.insert(term.Source);
-  }
+  for (const TalliedField& each : tallied) read.insert(each.Field);
   DissolveGroups groups(rows.source->Fields(), key, {read.begin(), read.end()});
-  read.insert(key);
   RowRequest request = rows.request;
+  request.WithIds = false;
+  if (rows.source->Group(request, key, tallied, groups)) return groups;
+  read.insert(key);
   request.Fields.assign(read.begin(), read.end());
   const auto reader = rows.source->Read(request);
   while (const auto batch = reader->Next()) groups.Add(*batch);

@@ -49,6 +49,25 @@ void NumberTally::Add(double value) {
   Squares += step * (value - Mean);
 }
 
+void NumberTally::Merge(const NumberTally& other) {
+  if (other.Count == 0) return;
+  if (Count == 0) {
+    *this = other;
+    return;
+  }
+  const auto mine = static_cast<double>(Count), its = static_cast<double>(other.Count);
+  const double step = other.Mean - Mean;
+  Squares += other.Squares + step * step * mine * its / (mine + its);
+  Mean += step * its / (mine + its);
+  Minimum = std::min(Minimum, other.Minimum);
+  Maximum = std::max(Maximum, other.Maximum);
+  Count += other.Count;
+  const double sum = sum_ + other.sum_;
+  lost_ += other.lost_ + (std::abs(sum_) >= std::abs(other.sum_) ? (sum_ - sum) + other.sum_
+                                                                 : (other.sum_ - sum) + sum_);
+  sum_ = sum;
+}
+
 void TextTally::Add(std::string_view value) {
   if (!Any || value < Minimum) Minimum = value;
   if (!Any || value > Maximum) Maximum = value;
@@ -82,6 +101,24 @@ void DissolveGroups::Add(const Batch& batch) {
         batch, column,
         [&](std::size_t group) -> auto& { return textTallies_[group * textFields_.size() + i]; },
         [](const Column& texts, std::size_t row) { return texts.Texts[row]; });
+  }
+}
+
+void DissolveGroups::Merge(const Batch& batch, const GroupTallies& gathered) {
+  FindGroups(batch);
+  const std::size_t numbers = numberFields_.size(), texts = textFields_.size();
+  for (std::size_t i = 0; i < groups_.size(); ++i) {
+    const std::size_t group = groups_[i], from = batch.Live[i];
+    records_[group] += gathered.Records[from];
+    for (std::size_t field = 0; field < numbers; ++field) {
+      numberTallies_[group * numbers + field].Merge(gathered.Numbers[from * numbers + field]);
+    }
+    for (std::size_t field = 0; field < texts; ++field) {
+      const TextTally& other = gathered.Texts[from * texts + field];
+      if (!other.Any) continue;
+      textTallies_[group * texts + field].Add(other.Minimum);
+      textTallies_[group * texts + field].Add(other.Maximum);
+    }
   }
 }
 

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 
+#include "hosts/columns/rows.h"
 #include "hosts/columns/valueindex.h"
 
 namespace brelmon::columns {
@@ -16,6 +17,13 @@ struct NumberTally {
   double Minimum = 0, Maximum = 0, Mean = 0, Squares = 0;
 
   void Add(double value);
+  /// The values that `other` has seen (Chan, Golub and LeVeque 1979).
+  void Merge(const NumberTally& other);
+  /// A sum in two parts, the larger one exact.
+  void SetSum(double sum, double rest) {
+    sum_ = sum;
+    lost_ = rest;
+  }
   double Sum() const { return sum_ + lost_; }
   double Average() const { return Sum() / static_cast<double>(Count); }
   double Variance() const { return Count < 2 ? 0 : Squares / static_cast<double>(Count - 1); }
@@ -31,6 +39,14 @@ struct TextTally {
   void Add(std::string_view value);
 };
 
+/// What a source has gathered of some groups: group by group, and of each the tallied fields in
+/// their order, numbers and texts apart.
+struct GroupTallies {
+  std::vector<std::int64_t> Records;
+  std::vector<NumberTally> Numbers;
+  std::vector<TextTally> Texts;
+};
+
 /// Memory grows with the groups, not with the rows.
 class DissolveGroups {
  public:
@@ -40,6 +56,9 @@ class DissolveGroups {
 
   /// The columns of the key and of all tallied fields are there.
   void Add(const Batch& batch);
+  /// Each live row of the batch stands for a group, of which the key's column tells the key. Keys
+  /// may repeat.
+  void Merge(const Batch& batch, const GroupTallies& gathered);
 
   /// Groups by number, keys ascending, the null key first.
   std::vector<std::size_t> InOrder() const;

@@ -23,23 +23,27 @@ constexpr auto kBehind =
     std::to_array<TextView>({u"limit", u"offset", u"union", u"intersect", u"except", u"having",
                              u"window", u"returning", u"into"});
 
-/// What a clause may call: functions that look at their arguments and at nothing else. No source is
-/// asked to evaluate any other.
-constexpr auto kFunctions = std::to_array<TextView>(
-    {u"abs",      u"avg",          u"ceil",       u"ceiling",    u"char_length",
-     u"coalesce", u"concat",       u"count",      u"date",       u"date_part",
-     u"datetime", u"extract",      u"floor",      u"format",     u"glob",
-     u"greatest", u"hex",          u"ifnull",     u"iif",        u"initcap",
-     u"instr",    u"julianday",    u"least",      u"left",       u"length",
-     u"like",     u"ln",           u"log",        u"lower",      u"lpad",
-     u"ltrim",    u"max",          u"min",        u"mod",        u"now",
-     u"nullif",   u"octet_length", u"position",   u"power",      u"printf",
-     u"quote",    u"replace",      u"right",      u"round",      u"rpad",
-     u"rtrim",    u"sign",         u"split_part", u"sqrt",       u"strftime",
-     u"strpos",   u"substr",       u"substring",  u"sum",        u"time",
-     u"to_char",  u"to_date",      u"to_number",  u"total",      u"trim",
-     u"trunc",    u"typeof",       u"unicode",    u"unixepoch",  u"upper",
-     u"exp",      u"st_area",      u"st_length",  u"st_isempty", u"st_geometrytype"});
+/// What a clause may call: functions that look at their arguments and at nothing else, and whose
+/// result is about as long as they are: a format with a width fills the memory. No source is asked
+/// to evaluate any other.
+constexpr auto kFunctions =
+    std::to_array<TextView>({u"abs",         u"avg",        u"ceil",       u"ceiling",
+                             u"char_length", u"coalesce",   u"concat",     u"count",
+                             u"date",        u"date_part",  u"datetime",   u"extract",
+                             u"floor",       u"glob",       u"greatest",   u"hex",
+                             u"ifnull",      u"iif",        u"initcap",    u"instr",
+                             u"julianday",   u"least",      u"left",       u"length",
+                             u"like",        u"ln",         u"log",        u"lower",
+                             u"lpad",        u"ltrim",      u"max",        u"min",
+                             u"mod",         u"now",        u"nullif",     u"octet_length",
+                             u"position",    u"power",      u"quote",      u"replace",
+                             u"right",       u"round",      u"rpad",       u"rtrim",
+                             u"sign",        u"split_part", u"sqrt",       u"strftime",
+                             u"strpos",      u"substr",     u"substring",  u"sum",
+                             u"time",        u"to_char",    u"to_date",    u"to_number",
+                             u"total",       u"trim",       u"trunc",      u"typeof",
+                             u"unicode",     u"unixepoch",  u"upper",      u"exp",
+                             u"st_area",     u"st_length",  u"st_isempty", u"st_geometrytype"});
 
 /// In 16-bit units. A chain of operators nests as deep as it is long, in any source.
 constexpr std::size_t kLongest = 200'000;
@@ -177,6 +181,24 @@ std::string FaultOf(const Token& token, const Token& next) {
   return {};
 }
 
+/// What a nested SELECT may not name: tables that the database makes of itself, its files among
+/// them, and one that goes on without end.
+std::string FaultInSelect(const Token& token) {
+  if (token.kind == Kind::Word &&
+      (EqualNoCase(token.text, u"with") || EqualNoCase(token.text, u"recursive"))) {
+    return "a nested SELECT can't begin with WITH";
+  }
+  const bool names =
+      token.kind == Kind::Word || token.kind == Kind::QuotedName || token.kind == Kind::String;
+  const auto starts = [&](TextView start) {
+    return EqualNoCase(TextView(token.text).substr(0, start.size()), start);
+  };
+  if (names && (starts(u"sqlite_") || starts(u"pragma_") || EqualNoCase(token.text, u"dbstat"))) {
+    return ToUtf8(token.text) + " is no table of the data";
+  }
+  return {};
+}
+
 /// A comparison with such a cast ends the process in GDAL 3.6.
 bool CastsToTruth(const Token& token, const Token& next) {
   const bool type = next.kind == Kind::Word || next.kind == Kind::QuotedName;
@@ -239,6 +261,7 @@ ClauseNames NamesIn(TextView clause) {
     if (token.kind == Kind::Semicolon) names.fault = "it holds more than one statement";
     if (CastsToTruth(token, next)) names.fault = "no value can be cast to boolean";
     if (names.fault.empty() && !nesting.InSelect()) names.fault = FaultOf(token, next);
+    if (names.fault.empty() && nesting.InSelect()) names.fault = FaultInSelect(token);
     // A nested SELECT may order and limit; what it calls is looked at all the same.
     if (names.fault.empty() && next.kind == Kind::Open) names.fault = FaultOf(token, next);
     const bool name = token.kind == Kind::QuotedName || token.kind == Kind::Word;

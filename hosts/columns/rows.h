@@ -15,6 +15,15 @@ struct RowRequest {
   std::vector<std::size_t> Fields;  // columns to fill, by index in the table's fields
   Text Clause;
   std::shared_ptr<const RowIds> Only;  // no other rows, if set
+  bool WithIds = true;                 // false where nobody looks at the batches' identifiers
+};
+
+class DissolveGroups;
+
+/// A field of which each group is to tell something, and what beside count and extremes.
+struct TalliedField {
+  std::size_t Field = 0;
+  bool Sum = false, Spread = false;
 };
 
 class IRowSource {
@@ -30,6 +39,16 @@ class IRowSource {
   /// Rows under a clause that was tried.
   virtual std::int64_t CountRows(const Text& clause);
   virtual RowIds IdsOfRows(const Text& clause, bool justOne);
+  /// As Read for one field; a value that repeats need not come again.
+  virtual std::unique_ptr<IBatchReader> ReadValues(const RowRequest& request) {
+    return Read(request);
+  }
+  /// Adds the rows to their groups where the source can group them itself; else gives false, has
+  /// added nothing, and the rows have to be read.
+  virtual bool Group(const RowRequest&, std::size_t /*key*/, const std::vector<TalliedField>&,
+                     DissolveGroups&) {
+    return false;
+  }
 };
 
 /// Index of the field of that name regardless of case; -1 if there is none.

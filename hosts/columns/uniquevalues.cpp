@@ -100,7 +100,7 @@ class UniqueValuesOfField : public IDataStatistics {
     }
     const auto field = static_cast<std::size_t>(index);
     auto gathered = std::make_shared<UniqueOnes>(cursor->Fields()[field]);
-    const auto rows = cursor->TakeRows(field);
+    const auto rows = cursor->TakeValues(field);
     while (const auto batch = rows->Next()) gathered->Add(*batch, batch->Columns[field]);
     return gathered;
   }

@@ -2,6 +2,8 @@
 // From the tree of a clause to conditions with types; what isn't sure to be understood isn't.
 #include "hosts/columns/where.h"
 
+#include <algorithm>
+
 #include "hosts/columns/clausetree.h"
 #include "hosts/columns/conditions.h"
 
@@ -29,11 +31,20 @@ class CompiledWhere : public Where {
   std::vector<std::size_t> fields_;
 };
 
+/// GDAL gives up on expressions of 32 levels. Well below that, whether it does is left to it.
+constexpr int kDeepest = 24;
+
+int LevelsOf(const ClauseNode& node) {
+  int below = 0;
+  for (const auto& part : node.parts) below = std::max(below, LevelsOf(*part));
+  return below + 1;
+}
+
 }  // namespace
 
 Compiled CompileWhere(TextView clause, const std::vector<Field>& fields) {
   const auto tree = ReadClause(ToUtf8(clause));
-  if (!tree) return {};
+  if (!tree || LevelsOf(*tree) > kDeepest) return {};
   std::vector<std::size_t> tested;
   ConditionPtr condition = CompileCondition(*tree, fields, tested);
   if (!condition) return {};

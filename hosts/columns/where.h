@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// A where-clause in the dialect of files, evaluated over columns.
+// Where-clauses in the dialect of files and in that of SQLite, evaluated over columns.
 #pragma once
 
 #include <memory>
@@ -31,5 +31,10 @@ struct Compiled {
 /// Never called with a blank clause. Meaning and refusals are those of GDAL's own SQL over a layer
 /// with these fields.
 Compiled CompileWhere(TextView clause, const std::vector<Field>& fields);
+
+/// The same in the SQL of a SQLite database that holds these fields, for whoever has its rows and
+/// no database to ask: comparisons, lists, ranges, patterns, reckoning, the functions of texts and
+/// numbers. It never refuses: what it can't evaluate it says nothing about.
+Compiled CompileSqliteWhere(TextView clause, const std::vector<Field>& fields);
 
 }  // namespace brelmon::columns

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// The bar's items as its definition tells them.
+// The items of a toolbar, as its definition tells them.
 #pragma once
 
 #include <vector>
@@ -9,22 +9,25 @@
 namespace brelmon::host {
 
 struct BarItem {
-  Text ProgId;
-  bool Group = false;  // begins one
+  Text ClassName;
+  bool BeginsGroup = false;
 };
 
-inline std::vector<BarItem> ItemsOf(const Ref<IToolBarDef>& definition) {
-  struct Answer : IItemDef {
-    void SetID(const Text& progId) override { item.ProgId = progId; }
-    void SetGroup(bool begins) override { item.Group = begins; }
+inline std::vector<BarItem> ItemsOf(IToolBarDef& bar) {
+  class Told : public virtual IItemDef {
+   public:
+    void SetID(const Text& progId) override {
+      item.ClassName = progId.substr(progId.rfind(u'.') + 1);
+    }
+    void SetGroup(bool begins) override { item.BeginsGroup = begins; }
     void SetSubType(std::int32_t) override {}
     BarItem item;
   };
   std::vector<BarItem> items;
-  for (std::int32_t at = 0; at < definition->ItemCount(); ++at) {
-    const auto answer = New<Answer>();
-    definition->GetItemInfo(at, answer);
-    items.push_back(answer->item);
+  for (std::int32_t position = 0; position < bar.ItemCount(); ++position) {
+    const auto told = New<Told>();
+    bar.GetItemInfo(position, told);
+    items.push_back(told->item);
   }
   return items;
 }

@@ -86,17 +86,13 @@ class LoadedComponent : public Component {
 
 }  // namespace
 
-std::string Component::Find(const std::filesystem::path& folder,
-                            const std::filesystem::path& built) {
+std::string Component::Find(const std::filesystem::path& folder, const std::filesystem::path& way) {
+#ifdef BRELMON_TEST_DOORS
   if (const char* given = std::getenv("BRELMON_COMPONENT"); given != nullptr && *given != '\0') {
     return std::filesystem::absolute(given).string();
   }
-  for (const auto& place : {folder, folder.parent_path() / "lib"}) {
-    std::error_code none;
-    const auto file = place / built.filename();
-    if (std::filesystem::exists(file, none)) return file.string();
-  }
-  return built.string();
+#endif
+  return (folder / way).lexically_normal().string();
 }
 
 std::unique_ptr<Component> Component::Load(const std::string& libraryPath,

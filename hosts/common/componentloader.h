@@ -24,10 +24,10 @@ class Component {
   /// Whether no object of the component is alive.
   virtual bool CanUnload() = 0;
 
-  /// Where the library is: what BRELMON_COMPONENT of the environment names, else the file of the
-  /// name of `built` in `folder` (whoever loads it stands there) or in ../lib, else `built`, where
-  /// the build put it. An absolute path; whether it can be loaded is not looked at.
-  static std::string Find(const std::filesystem::path& folder, const std::filesystem::path& built);
+  /// Where the library is: `way` from `folder`, where whoever loads it stands. In a build with
+  /// tests BRELMON_COMPONENT of the environment may name another. An absolute path; whether it can
+  /// be loaded is not looked at.
+  static std::string Find(const std::filesystem::path& folder, const std::filesystem::path& way);
 
   /// Loads `libraryPath` (a system path), makes `services` the set of the component and of the
   /// program that loads it, as long as this object lives, and registers the classes. Throws

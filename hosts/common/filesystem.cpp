@@ -3,15 +3,13 @@
 #include "hosts/common/filesystem.h"
 
 #include <fcntl.h>
-#include <sys/file.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <cerrno>
 #include <cstdlib>
 #include <filesystem>
-#include <utility>
 
+#include "hosts/common/filestreams.h"
 #include "hosts/common/hostfailure.h"
 
 namespace brelmon::host {
@@ -44,90 +42,6 @@ std::string FolderOf(const std::string& path) {
   return slash == 0 || slash == std::string::npos ? "/" : path.substr(0, slash);
 }
 
-class FileStream : public IByteStream {
- public:
-  explicit FileStream(int descriptor) : descriptor_(descriptor) {}
-  ~FileStream() override {
-    if (descriptor_ >= 0) ::close(descriptor_);
-  }
-  FileStream(const FileStream&) = delete;
-  FileStream& operator=(const FileStream&) = delete;
-
-  std::string Read(std::size_t size) override {
-    std::string bytes(size, '\0');
-    ssize_t got = 0;
-    do {
-      got = ::read(descriptor_, bytes.data(), size);
-    } while (got < 0 && errno == EINTR);
-    if (got < 0) Fail(failure::kDeviceIo);
-    bytes.resize(static_cast<std::size_t>(got));
-    return bytes;
-  }
-
-  void Write(const std::string& bytes) override {
-    std::size_t done = 0;
-    while (done < bytes.size()) {
-      const ssize_t put = ::write(descriptor_, bytes.data() + done, bytes.size() - done);
-      if (put < 0 && errno == EINTR) continue;
-      if (put < 0) FailWriting();
-      done += static_cast<std::size_t>(put);
-    }
-  }
-
-  void Close() override {
-    const int closed = std::exchange(descriptor_, -1);
-    if (closed >= 0 && ::close(closed) != 0 && errno != EINTR) FailWriting();
-  }
-
- protected:
-  [[noreturn]] static void FailWriting() {
-    Fail(errno == ENOSPC || errno == EDQUOT ? failure::kDiskFull : failure::kDeviceIo);
-  }
-
-  int descriptor_;
-};
-
-/// What is added to a file goes there in one piece when the stream is closed, or not at all:
-/// several programs may add at once, and a piece that doesn't fit is taken back.
-class AddingStream : public FileStream {
- public:
-  using FileStream::FileStream;
-  ~AddingStream() override {
-    try {
-      Close();
-    } catch (const Failure&) {  // nobody is there to be told
-    }
-  }
-  AddingStream(const AddingStream&) = delete;
-  AddingStream& operator=(const AddingStream&) = delete;
-
-  void Write(const std::string& bytes) override { piece_ += bytes; }
-
-  void Close() override {
-    if (!piece_.empty()) Add(std::exchange(piece_, {}));
-    FileStream::Close();
-  }
-
- private:
-  void Add(const std::string& piece) {
-    // Where nothing can be locked one write must do.
-    while (::flock(descriptor_, LOCK_EX) != 0 && errno == EINTR) {
-    }
-    struct stat before {};
-    const bool known = ::fstat(descriptor_, &before) == 0 && S_ISREG(before.st_mode);
-    try {
-      FileStream::Write(piece);
-    } catch (const Failure&) {
-      if (known && ::ftruncate(descriptor_, before.st_size) != 0) {
-        Fail(failure::kDeviceIo, "A part of what was to be added stands at the end of the file.");
-      }
-      throw;
-    }
-  }
-
-  std::string piece_;
-};
-
 /// A link to another folder is read, and never written through.
 bool LeadsOut(const std::string& path) {
   std::error_code error;
@@ -159,27 +73,20 @@ class SystemFiles : public IFileSystem {
     if (!system || !FolderExists(FolderOf(*system))) Fail(failure::kPathNotFound);
     if (FolderExists(*system)) Fail(failure::kPathFileAccess);
     const int flags = mode == FileMode::Input    ? O_RDONLY
-                      : mode == FileMode::Output ? O_WRONLY | O_CREAT | O_TRUNC
+                      : mode == FileMode::Output ? O_WRONLY | O_CREAT
                                                  : O_WRONLY | O_CREAT | O_APPEND;
     if (mode != FileMode::Input && LeadsOut(*system)) {
       Fail(failure::kPermissionDenied, *system + " is a link out of its folder.");
     }
     // A pipe would keep its reader waiting for ever.
     const int descriptor = ::open(system->c_str(), flags | O_CLOEXEC | O_NONBLOCK, 0666);
-    if (descriptor < 0) Fail(errno == ENXIO ? failure::kPathFileAccess : NumberOf(errno));
-    std::unique_ptr<FileStream> stream;
-    if (mode == FileMode::Append) {
-      stream = std::make_unique<AddingStream>(descriptor);
-    } else {
-      stream = std::make_unique<FileStream>(descriptor);
+    if (descriptor < 0) {
+      const std::int32_t number = errno == ENXIO ? failure::kPathFileAccess : NumberOf(errno);
+      // Which of a module's files it was nobody else tells.
+      if (number == failure::kPermissionDenied) Fail(number, "Permission denied: " + *system);
+      Fail(number);
     }
-    struct stat status {};
-    const bool known = ::fstat(descriptor, &status) == 0;
-    const bool device = mode != FileMode::Input && S_ISCHR(status.st_mode);
-    if (!known || (!S_ISREG(status.st_mode) && !device)) {
-      Fail(failure::kPathFileAccess, *system + " is no regular file.");
-    }
-    return stream;
+    return NewFileStream(descriptor, mode, *system);
   }
 
   Text FromTyped(const Text& typed) override {

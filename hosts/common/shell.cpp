@@ -1,67 +1,23 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// Programs are started from argument vectors: no shell ever reads a file's name.
+// What a file or an address is opened with.
 #include "hosts/common/shell.h"
 
-#include <fcntl.h>
 #include <pwd.h>
-#include <spawn.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
-#include <algorithm>
+#include <chrono>
 #include <cstdlib>
 #include <fstream>
+#include <optional>
+#include <string_view>
 #include <vector>
 
+#include "hosts/common/children.h"
 #include "hosts/common/hostfailure.h"
 #include "hosts/common/mediapolicy.h"
 
-extern char** environ;
-
 namespace brelmon::host {
 namespace {
-
-/// Programs that were started, so that none stays behind as a zombie.
-class Children {
- public:
-  /// Starts a program that goes on by itself, in `folder` where that is there; false where it can't
-  /// be started. A session's lines on standard input are not for it.
-  bool Spawn(const std::vector<std::string>& words, const std::string& folder);
-
- private:
-  std::vector<pid_t> running_;
-};
-
-/// Where a program's standard input and its working directory are.
-class Surroundings {
- public:
-  explicit Surroundings(const std::string& folder) {
-    ::posix_spawn_file_actions_init(&actions_);
-    ::posix_spawn_file_actions_addopen(&actions_, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-    if (FolderExists(folder)) ::posix_spawn_file_actions_addchdir_np(&actions_, folder.c_str());
-  }
-  ~Surroundings() { ::posix_spawn_file_actions_destroy(&actions_); }
-  Surroundings(const Surroundings&) = delete;
-  Surroundings& operator=(const Surroundings&) = delete;
-  const posix_spawn_file_actions_t* Get() const { return &actions_; }
-
- private:
-  posix_spawn_file_actions_t actions_;
-};
-
-bool Children::Spawn(const std::vector<std::string>& words, const std::string& folder) {
-  std::erase_if(running_, [](pid_t child) { return ::waitpid(child, nullptr, WNOHANG) != 0; });
-  std::vector<char*> arguments;
-  for (const std::string& word : words) arguments.push_back(const_cast<char*>(word.c_str()));
-  arguments.push_back(nullptr);
-  pid_t child = 0;
-  const Surroundings around(folder);
-  if (::posix_spawnp(&child, arguments[0], around.Get(), nullptr, arguments.data(), environ) != 0) {
-    return false;
-  }
-  running_.push_back(child);
-  return true;
-}
 
 bool IsDigit(char unit) { return unit >= '0' && unit <= '9'; }
 
@@ -102,15 +58,63 @@ std::string SystemFile(const Text& file, const Text& directory, const Paths& pat
   return paths.ToSystem(base + file).value_or(ToUtf8(file));
 }
 
+int DigitOf(char unit) {
+  if (IsDigit(unit)) return unit - '0';
+  const char low = static_cast<char>(unit | 0x20);
+  return low >= 'a' && low <= 'f' ? low - 'a' + 10 : -1;
+}
+
+/// The system path of "file:///Z:/srv/a%20b.html"; nothing for any other text.
+std::optional<std::string> PathOfUrl(const std::string& url, const Paths& paths) {
+  constexpr std::string_view kHead = "file:///";
+  if (!url.starts_with(kHead)) return std::nullopt;
+  std::string path;
+  for (std::size_t i = kHead.size(); i < url.size(); ++i) {
+    char unit = url[i];
+    if (unit == '%' && i + 2 < url.size()) {
+      const int high = DigitOf(url[i + 1]), low = DigitOf(url[i + 2]);
+      if (high < 0 || low < 0) return std::nullopt;
+      unit = static_cast<char>(high * 16 + low);
+      i += 2;
+    }
+    path += unit == '/' ? '\\' : unit;
+  }
+  return paths.ToSystem(FromUtf8(path));
+}
+
 std::string Allowed(std::string target) {
   const std::string refusal = RefusalToOpen(target);
   if (!refusal.empty()) Fail(failure::kRefused, refusal);
   return target;
 }
 
+/// A program that fails later than this had something open.
+constexpr auto kAtOnce = std::chrono::seconds(10);
+
+class StartedOpening : public Opening {
+ public:
+  StartedOpening(std::shared_ptr<Child> child, std::string target)
+      : child_(std::move(child)), target_(std::move(target)) {}
+  int EndDescriptor() const override { return child_->EndDescriptor(); }
+  bool EndsWithin(int milliseconds) override { return child_->EndsWithin(milliseconds); }
+  Text Complaint() override {
+    const bool bad = child_->Status().value_or(0) != 0;
+    if (!bad || std::chrono::steady_clock::now() - started_ > kAtOnce) return {};
+    return FromUtf8(target_) +
+           u" was not opened. This computer seems to have no program for it, or the program failed "
+           u"at once.";
+  }
+
+ private:
+  std::shared_ptr<Child> child_;
+  std::string target_;
+  std::chrono::steady_clock::time_point started_ = std::chrono::steady_clock::now();
+};
+
 class SystemShell : public IShell {
  public:
-  explicit SystemShell(Paths paths) : paths_(std::move(paths)) {}
+  SystemShell(Paths paths, OpeningWatch watch)
+      : paths_(std::move(paths)), watch_(std::move(watch)) {}
 
   void Execute(const Text& file, const Text& directory, int) override {
     if (file.empty()) return;
@@ -121,10 +125,12 @@ class SystemShell : public IShell {
     const std::string opener = own ? named : "xdg-open";
     std::vector<std::string> words{opener, target};
     if (own) words.push_back(folder);
-    if (!children_.Spawn(words, folder)) {
+    auto child = children_.Spawn(words, folder);
+    if (!child) {
       Fail(failure::kRefused,
            target + " is not opened: the program " + opener + " can't be started.");
     }
+    if (watch_) watch_(std::make_unique<StartedOpening>(std::move(child), target));
   }
 
   void Run(const Text& program) override {
@@ -144,6 +150,7 @@ class SystemShell : public IShell {
 
  private:
   Paths paths_;
+  OpeningWatch watch_;
   Children children_;
 };
 
@@ -151,6 +158,7 @@ class SystemShell : public IShell {
 
 std::string TargetOf(const Text& file, const Text& directory, const Paths& paths) {
   const std::string written = ToUtf8(file);
+  if (const auto path = PathOfUrl(written, paths)) return Allowed(*path);
   if (HasScheme(written)) return Allowed(written);
   if (directory.empty() && !paths.ToSystem(file)) return Allowed(WebAddress(written));
   const std::string target = Allowed(SystemFile(file, directory, paths));
@@ -160,8 +168,8 @@ std::string TargetOf(const Text& file, const Text& directory, const Paths& paths
   return Allowed(address);
 }
 
-std::unique_ptr<IShell> NewShell(Paths paths) {
-  return std::make_unique<SystemShell>(std::move(paths));
+std::unique_ptr<IShell> NewShell(OpeningWatch watch, Paths paths) {
+  return std::make_unique<SystemShell>(std::move(paths), std::move(watch));
 }
 
 }  // namespace brelmon::host

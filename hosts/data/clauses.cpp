@@ -7,7 +7,6 @@
 
 #include <algorithm>
 
-#include "hosts/columns/querytokens.h"
 #include "hosts/columns/rows.h"
 #include "hosts/common/hostfailure.h"
 
@@ -56,13 +55,19 @@ class WhereByGdal : public columns::Where {
  public:
   WhereByGdal(TextView clause, const std::vector<Field>& fields)
       : types_(fields), definition_(DefinitionOf(fields)) {
+    // GDAL takes a text that such a mark leaves open for the clause's end.
+    if (clause.find(u"\\'") != TextView::npos || clause.find(u"\\\"") != TextView::npos) {
+      Refuse("a backslash stands before a quotation mark");
+    }
     CPLErrorReset();
     CPLErrorHandlerPusher quiet(CPLQuietErrorHandler);
     if (query_.Compile(definition_.get(), ToUtf8(clause).c_str()) != OGRERR_NONE) {
       Refuse(CPLGetLastErrorMsg());
     }
-    for (const Text& name : columns::NamesIn(clause).fields) {
-      const std::int32_t field = columns::FindField(fields, name);
+    // What it tests is GDAL's to tell: two readers of the names might differ.
+    const CPLStringList used(query_.GetUsedFields(), TRUE);
+    for (int i = 0; i < used.size(); ++i) {
+      const std::int32_t field = columns::FindField(fields, FromUtf8(used[i]));
       if (field >= 0) fields_.push_back(static_cast<std::size_t>(field));
     }
     std::sort(fields_.begin(), fields_.end());

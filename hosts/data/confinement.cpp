@@ -7,6 +7,7 @@
 #include <gdal_frmts.h>
 #include <ogr_srs_api.h>
 #include <ogrsf_frmts.h>
+#include <sqlite3.h>
 
 #include <algorithm>
 #include <array>
@@ -36,6 +37,10 @@ constexpr std::array<Setting, 11> kSettings = {{
     {"GML_GFS_TEMPLATE", ""},
     {"GML_REGISTRY", "/dev/null"},
 }};
+
+/// What databases may hold in memory at once. A clause of a few letters can ask for a text of a
+/// thousand million.
+constexpr sqlite3_int64 kDatabaseMemory = sqlite3_int64{512} << 20;
 
 constexpr std::array<std::string_view, 2> kFileSystems = {"/vsizip/", "/vsimem/"};
 
@@ -107,6 +112,7 @@ void ConfineGdal() {
   static const bool once = [] {
     for (const auto& [name, value] : kSettings) CPLSetConfigOption(name, value);
     ::unsetenv("SPATIALITE_SECURITY");
+    sqlite3_hard_heap_limit64(kDatabaseMemory);
     CloseFileSystems();
     CPLHTTPSetFetchCallback(NoFetch, nullptr);
     OSRSetPROJEnableNetwork(FALSE);

@@ -89,7 +89,7 @@ std::string RefusalOfSchema(const std::string& path) {
       "SELECT l.name, s.sql FROM pragma_table_list l LEFT JOIN sqlite_master s ON s.name = l.name "
       "AND s.type = 'table' WHERE l.type = 'virtual' AND l.schema = 'main'";
   if (!database || sqlite3_prepare_v2(database.get(), kVirtual, -1, &rows, nullptr) != SQLITE_OK) {
-    return "its schema can't be read" +
+    return kUnreadableSchema +
            (database ? std::string(": ") + sqlite3_errmsg(database.get()) : std::string());
   }
   const Statement owner(rows);
@@ -101,7 +101,7 @@ std::string RefusalOfSchema(const std::string& path) {
   }
   return status == SQLITE_DONE
              ? ""
-             : std::string("its schema can't be read: ") + sqlite3_errmsg(database.get());
+             : std::string(kUnreadableSchema) + ": " + sqlite3_errmsg(database.get());
 }
 
 }  // namespace brelmon::data

@@ -6,6 +6,9 @@
 
 namespace brelmon::data {
 
+/// How the reason of a database begins whose schema can't be read.
+inline constexpr const char* kUnreadableSchema = "its schema can't be read";
+
 /// Why the database isn't opened: a table in it that stands for something outside, or a schema that
 /// can't be read. Empty for any other file.
 std::string RefusalOfSchema(const std::string& path);

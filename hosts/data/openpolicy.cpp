@@ -191,6 +191,11 @@ std::string RefusalOf(const SourceAddress& address, Content content) {
   return refusal;
 }
 
+bool IsDamaged(const SourceAddress& address, Content content) {
+  const std::string refusal = RefusalOf(address, content);
+  return refusal.empty() || StartsWith(refusal, kUnreadableSchema);
+}
+
 GDALDatasetUniquePtr OpenData(const SourceAddress& address, Content content, std::string& problem) {
   problem = RefusalOf(address, content);
   if (problem.empty()) problem = DamageOf(address.path, content);

@@ -25,6 +25,10 @@ void ConfineGdal();
 /// options, the format and at a database's schema.
 std::string RefusalOf(const SourceAddress& address, Content content);
 
+/// Of a source that couldn't be opened: whether it is one that may be, and is not whole. What isn't
+/// read at all is left to a host that reads it.
+bool IsDamaged(const SourceAddress& address, Content content);
+
 /// Opens for reading, after RefusalOf and with the allowed drivers alone; null with the reason in
 /// `problem`.
 GDALDatasetUniquePtr OpenData(const SourceAddress& address, Content content, std::string& problem);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// Data sources as the providers ogr, delimitedtext and spatialite write them.
+// Data sources as the providers ogr, delimitedtext, spatialite and postgres write them.
 #include "hosts/data/sourceaddress.h"
 
 #include <cpl_conv.h>
@@ -149,6 +149,17 @@ SourceAddress SpatialiteAddress(const std::string& source, const std::string& fo
   return address;
 }
 
+SourceAddress ServerAddress(const std::string& source) {
+  SourceAddress address;
+  const auto server = std::make_shared<servers::Address>(servers::ReadAddress(source));
+  address.path = server->Shown();
+  address.layer = server->Table;
+  address.subset = server->Filter;
+  address.problem = server->Problem;
+  address.server = server;
+  return address;
+}
+
 }  // namespace
 
 SourceAddress AddressOf(const SourceText& layer, const std::string& folder) {
@@ -159,8 +170,11 @@ SourceAddress AddressOf(const SourceText& layer, const std::string& folder) {
     address = SpatialiteAddress(layer.dataSource, folder);
   } else if (layer.provider == "ogr" || layer.provider.empty()) {
     address = OgrAddress(layer.dataSource, folder);
+  } else if (layer.provider == "postgres") {
+    address = ServerAddress(layer.dataSource);
   } else {
-    address.path = layer.dataSource;
+    // There may be a password in what only the provider can read.
+    address.path = layer.provider;
     address.problem = "its provider \"" + layer.provider + "\" is not supported";
   }
   if (!layer.subset.empty()) address.subset = layer.subset;

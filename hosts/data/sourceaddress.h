@@ -2,8 +2,11 @@
 // Where GDAL finds the data that a project's data source names.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <vector>
+
+#include "hosts/servers/address.h"
 
 namespace brelmon::data {
 
@@ -18,14 +21,15 @@ struct SourceText {
 };
 
 struct SourceAddress {
-  std::string path;      // file, folder or connection, as GDAL opens it
+  std::string path;      // file or folder, as GDAL opens it; else words for it
   std::string layer;     // its name inside; empty for the first
   int layerNumber = -1;  // in place of a name
   std::string subset;
-  std::string encoding;                  // empty: as the source says
-  std::vector<std::string> drivers;      // that may open it; empty for all
-  std::vector<std::string> openOptions;  // NAME=VALUE
-  std::string problem;                   // why it can't be opened at all; else empty
+  std::string encoding;                                 // empty: as the source says
+  std::vector<std::string> drivers;                     // that may open it; empty for all
+  std::vector<std::string> openOptions;                 // NAME=VALUE
+  std::string problem;                                  // why it can't be opened at all; else empty
+  std::shared_ptr<const servers::Address> server = {};  // of a table on a server; else null
 };
 
 /// Relative paths count from `folder`; a file that isn't there in the case given is looked for

@@ -63,8 +63,7 @@ bool IsShapefileName(const std::string& path) {
 
 }  // namespace
 
-VectorSource::VectorSource(SourceAddress address)
-    : address_(std::move(address)), problem_(address_.problem) {
+VectorSource::VectorSource(SourceAddress address) : TableSource(std::move(address)) {
   kind_ = KindOf(address_.path, "");
   if (!problem_.empty()) return;
   HandlePool::Handle opened = OpenDataset(problem_);
@@ -141,10 +140,7 @@ Text VectorSource::TableName() const {
 }
 
 VectorSource::Handle VectorSource::Open() {
-  if (!Valid()) {
-    host::Fail(failure::kFileNotFound,
-               "The data can't be reached: " + address_.path + ": " + problem_);
-  }
+  CheckValid();
   HandlePool::Handle opened = HandlePool::Instance().Take(this);
   std::string problem;
   if (opened.second == nullptr) opened = OpenDataset(problem);

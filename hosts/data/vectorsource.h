@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// One table of data, opened as often as it is read: each reader has a handle of its own.
+// A table in a file.
 #pragma once
 
 #include <memory>
@@ -9,12 +9,9 @@
 #include "hosts/columns/rows.h"
 #include "hosts/columns/where.h"
 #include "hosts/data/handlepool.h"
-#include "hosts/data/sourceaddress.h"
+#include "hosts/data/tablesource.h"
 
 namespace brelmon::data {
-
-/// What every layer's shape column is called, whatever its source calls it.
-inline constexpr TextView kShapeField = u"Shape";
 
 /// How a value is kept by GDAL.
 struct OgrPlace {
@@ -22,7 +19,8 @@ struct OgrPlace {
   OGRFieldType type = OFTInteger64;
 };
 
-class VectorSource : public columns::IRowSource, public std::enable_shared_from_this<VectorSource> {
+/// A table that GDAL reads, opened as often as it is read: each reader has a handle of its own.
+class VectorSource : public TableSource, public std::enable_shared_from_this<VectorSource> {
  public:
   /// A reader's own state. Goes back to its source, which it keeps alive.
   class Handle {
@@ -43,25 +41,15 @@ class VectorSource : public columns::IRowSource, public std::enable_shared_from_
   explicit VectorSource(SourceAddress address);
   ~VectorSource() override;
 
-  bool Valid() const { return problem_.empty(); }
-  const std::string& Problem() const { return problem_; }
-  const SourceAddress& Address() const { return address_; }
-  bool HasGeometry() const { return hasGeometry_; }
-  /// Traditional axis order; null where the data tells none.
-  const OGRSpatialReference* ReferenceSystem();
-  /// "Shapefile", "GeoPackage", "Personal Geodatabase", ...
-  const Text& Kind() const { return kind_; }
-  /// Folder or database that holds it.
-  std::string WorkspacePath() const;
-  Text TableName() const;
-  /// Whether where-clauses go to the source's own SQL.
-  bool HasOwnSql() const { return ownSql_; }
+  const OGRSpatialReference* ReferenceSystem() override;
+  std::string WorkspacePath() const override;
+  Text TableName() const override;
 
   /// A fresh reading state without filters. Fails with 53 where the data is not reached.
   Handle Open();
   /// Rows without any filter.
   std::int64_t TotalRows();
-  bool Extent(OGREnvelope& extent);
+  bool Extent(OGREnvelope& extent) override;
   const OgrPlace& PlaceOf(std::size_t field) const { return places_[field]; }
   /// UTF-8 of a text as GDAL gives it; it may be in `room`, which is overwritten.
   const char* Utf8(const char* bytes, std::string& room) const;
@@ -73,9 +61,7 @@ class VectorSource : public columns::IRowSource, public std::enable_shared_from_
   std::unique_ptr<columns::IBatchReader> Read(const columns::RowRequest& request) override;
   std::int64_t CountRows(const Text& clause) override;
   columns::RowIds IdsOfRows(const Text& clause, bool justOne) override;
-  /// Rows under the clause whose shapes intersect `shape`, which is in the source's reference
-  /// system.
-  columns::RowIds IdsTouching(const Text& clause, const OGRGeometry& shape, bool justOne);
+  columns::RowIds IdsTouching(const Text& clause, const OGRGeometry& shape, bool justOne) override;
 
  private:
   /// Without a layer where there is none, with the reason.
@@ -90,12 +76,9 @@ class VectorSource : public columns::IRowSource, public std::enable_shared_from_
   const std::shared_ptr<const columns::DbfSource>& PlainTable();
   std::unique_ptr<columns::IBatchReader> ReadWhole(const columns::RowRequest& request);
 
-  SourceAddress address_;
-  std::string problem_;
-  Text kind_;
   std::vector<columns::Field> fields_;
   std::vector<OgrPlace> places_;  // one for each field
-  bool crsRead_ = false, hasGeometry_ = false, ownSql_ = false, isShapefile_ = false;
+  bool crsRead_ = false, isShapefile_ = false;
   std::string recode_;  // encoding of its texts where GDAL doesn't see to it
   columns::CodePage page_;
   std::unique_ptr<OGRSpatialReference> crs_;

@@ -2,6 +2,8 @@
 // Boxes on a stream.
 #include "hosts/headless/console.h"
 
+#include "hosts/columns/emptyvalue.h"
+
 namespace brelmon::headless {
 namespace {
 
@@ -18,7 +20,8 @@ class ConsoleErrorDialog : public IErrorDialog {
     ++timesAsked;
     if (quietNow) return;
     console_.CountErrorDialog();
-    console_.Stream() << ForStream(text_) << std::endl;
+    console_.Stream() << ForStream(columns::WithEmptyValue(text_)) << std::endl;
+    columns::ForgetEmptyValue();
   }
 
  private:

@@ -13,6 +13,7 @@
 #include "hosts/common/shell.h"
 #include "hosts/common/systemlocale.h"
 #include "hosts/data/openpolicy.h"
+#include "hosts/document/application.h"
 #include "hosts/headless/document.h"
 #include "hosts/headless/hostobjects.h"
 #include "hosts/headless/project.h"
@@ -34,6 +35,9 @@ class QuietGdal {
  private:
   CPLErrorHandler before_;
 };
+
+/// Long enough for a desktop to find out that it has no program; one that stays is let go.
+constexpr int kPatience = 2000;  // milliseconds
 
 }  // namespace
 
@@ -72,11 +76,20 @@ struct HeadlessHost::Parts {
   std::shared_ptr<ProgressBar> statusBar = std::make_shared<ProgressBar>();
   std::unique_ptr<IFileSystem> files = host::NewFileSystem();
   std::unique_ptr<IRegistry> registry = host::NewMemoryRegistry();
-  std::unique_ptr<IShell> shell = host::NewShell();
+  std::unique_ptr<IShell> shell =
+      host::NewShell([this](const std::unique_ptr<host::Opening>& opening) {
+        opening->EndsWithin(kPatience);
+        const Text complaint = opening->Complaint();
+        if (!complaint.empty()) {
+          boxes.Show(complaint, box::kExclamation, Text(host::kNotOpenedTitle));
+        }
+      });
   std::unique_ptr<IHostObjects> objects = NewHostObjects({&boxes, &modeless, &tables, catalog});
-  Ref<IMxDocument> document = NewDocument(project, FindHostCommand);
-  Ref<IApplication> application =
-      NewApplication(document, Ref<IStatusBar>(statusBar), host::Paths().ToWindows(project.file));
+  Ref<IMxDocument> mapDocument = OpenDocument(project, [](const Text& identifier) {
+    return document::FindDesktopCommand(identifier, kNoScreen);
+  });
+  Ref<IApplication> application = document::NewApplication(mapDocument, Ref<IStatusBar>(statusBar),
+                                                           host::Paths().ToWindows(project.file));
   Services services = Gathered();
   ServicesScope scope{services};
 };
@@ -86,30 +99,27 @@ HeadlessHost::~HeadlessHost() = default;
 
 const std::string& HeadlessHost::MapDocument() const { return parts_->project.file; }
 Ref<IApplication> HeadlessHost::Application() const { return parts_->application; }
-Ref<IMxDocument> HeadlessHost::Document() const { return parts_->document; }
+Ref<IMxDocument> HeadlessHost::Document() const { return parts_->mapDocument; }
 const Services& HeadlessHost::HostServices() const { return parts_->services; }
 
 bool HeadlessHost::SetTab(const Text& name) {
-  return parts_->document.As<IUserDocument>()->SetTab(name);
+  return parts_->mapDocument.As<document::IUserDocument>()->SetTab(name);
 }
 
 void HeadlessHost::Pick(std::vector<Ref<IObject>> items) {
-  parts_->document.As<IUserDocument>()->Pick(std::move(items));
+  parts_->mapDocument.As<document::IUserDocument>()->Pick(std::move(items));
 }
 
 void HeadlessHost::SetGraphics(const std::vector<std::string>& wkts) {
-  parts_->document->FocusMap().As<IDataFrame>()->SetGraphics(wkts);
+  parts_->mapDocument->FocusMap().As<document::IDataFrame>()->SetGraphics(wkts);
 }
 
 std::vector<Ref<IMap>> HeadlessHost::Frames() const {
-  std::vector<Ref<IMap>> frames;
-  const Ref<IMaps> maps = parts_->document->Maps();
-  for (std::int32_t i = 0; i < maps->Count(); ++i) frames.push_back(maps->Item(i));
-  return frames;
+  return parts_->mapDocument.As<document::IUserDocument>()->Frames();
 }
 
 std::vector<TreeItem> HeadlessHost::ItemsOf(const Ref<IMap>& frame) {
-  return frame.As<IDataFrame>()->Items();
+  return frame.As<document::IDataFrame>()->Items();
 }
 
 ConsoleMessageBox& HeadlessHost::Boxes() { return parts_->boxes; }

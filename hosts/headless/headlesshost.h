@@ -7,17 +7,19 @@
 #include <vector>
 
 #include "hosts/common/clock.h"
-#include "hosts/headless/application.h"
+#include "hosts/document/dataframe.h"
 #include "hosts/headless/catalog.h"
 #include "hosts/headless/console.h"
-#include "hosts/headless/dataframe.h"
 #include "hosts/headless/formuser.h"
 #include "hosts/headless/printer.h"
+#include "hosts/headless/progressbar.h"
 #include "hosts/headless/tablewindows.h"
 #include "platform/map.h"
 #include "platform/services.h"
 
 namespace brelmon::headless {
+
+using document::TreeItem;
 
 /// One at a time in a process. Its services become the process's own while it lives; a component
 /// is handed the same set and must have let go of it before the host ends.

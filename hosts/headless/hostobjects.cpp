@@ -5,30 +5,12 @@
 #include "hosts/columns/dissolve.h"
 #include "hosts/columns/uniquevalues.h"
 #include "hosts/common/folderworkspace.h"
-#include "hosts/common/hostfailure.h"
 #include "hosts/common/objectlists.h"
+#include "hosts/document/application.h"
 #include "hosts/headless/table.h"
 
 namespace brelmon::headless {
 namespace {
-
-/// Takes everything and refuses to be shown.
-class NoSummarizeDialog : public ISummarizeDialog {
- public:
-  void SetApplication(const Ref<IApplication>&) override {}
-  void SetTable(const Ref<ITable>&) override {}
-  void SetField(const Ref<IField>& field) override { field_ = field->Name(); }
-  void SetFlag(bool) override {}
-  void DoModal(std::int32_t) override {
-    host::Fail(failure::kNotSupported,
-               "Summarize is a dialog of a desktop map; there is none without a screen (it would "
-               "have opened on the field " +
-                   ToUtf8(field_) + ").");
-  }
-
- private:
-  Text field_;
-};
 
 class HostObjectsFactory : public IHostObjects {
  public:
@@ -47,7 +29,9 @@ class HostObjectsFactory : public IHostObjects {
   Ref<IEnvelope> NewEnvelope() override { return host::NewEnvelope(); }
   Ref<IGxDialog> NewGxDialog() override { return headless::NewGxDialog(at_.catalog); }
   Ref<IGxLayer> NewGxLayer() override { return headless::NewGxLayer(); }
-  Ref<ISummarizeDialog> NewSummarizeDialog() override { return New<NoSummarizeDialog>(); }
+  Ref<ISummarizeDialog> NewSummarizeDialog() override {
+    return document::NewDesktopSummarize(kNoScreen);
+  }
 
  private:
   ObjectSurroundings at_;

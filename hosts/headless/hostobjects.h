@@ -12,6 +12,9 @@
 
 namespace brelmon::headless {
 
+/// Why dialogs of a desktop map aren't shown.
+inline constexpr const char* kNoScreen = "there is none without a screen";
+
 /// Where the objects leave their marks; all of it outlives them.
 struct ObjectSurroundings {
   ConsoleMessageBox* boxes;

@@ -13,10 +13,10 @@ namespace brelmon::headless {
 namespace {
 
 /// The source, unreachable if its own filter is one that it refuses.
-std::shared_ptr<data::VectorSource> SourceOf(const LayerDefinition& definition,
-                                             const std::string& folder) {
+std::shared_ptr<data::TableSource> SourceOf(const LayerDefinition& definition,
+                                            const std::string& folder) {
   data::SourceAddress address = data::AddressOf(definition.data, folder);
-  auto source = std::make_shared<data::VectorSource>(address);
+  auto source = data::OpenSource(address);
   if (!source->Valid()) return source;
   try {
     source->TryClause(FromUtf8(address.subset));
@@ -24,7 +24,7 @@ std::shared_ptr<data::VectorSource> SourceOf(const LayerDefinition& definition,
   } catch (const Failure& failure) {
     address.problem = "its filter can't be used: " + ToUtf8(failure.Description);
   }
-  return std::make_shared<data::VectorSource>(address);
+  return data::OpenSource(address);
 }
 
 TableSettings SettingsOf(const LayerDefinition& definition, const std::string& folder) {

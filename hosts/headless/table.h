@@ -1,33 +1,23 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// Layers and tables of a map.
+// Layers and tables of a map, over sources through GDAL.
 #pragma once
 
-#include <map>
-#include <set>
-
-#include "hosts/columns/dissolve.h"
-#include "hosts/data/vectorsource.h"
-#include "platform/map.h"
+#include "hosts/data/tablesource.h"
+#include "hosts/document/table.h"
 
 namespace brelmon::headless {
 
-struct TableSettings {
-  Text name;
-  std::shared_ptr<data::VectorSource> source;
-  Text definition;
-  std::map<Text, Text> aliases;  // by field name
-  std::set<Text> hiddenFields;
+struct TableSettings : document::TableSettings {
+  std::shared_ptr<data::TableSource> source;
   std::shared_ptr<const OGRSpatialReference> crs;  // null: the source's own
 };
 
 /// What every layer and table of this host offers beside the tools' interfaces.
 class IHostTable : public virtual columns::IColumnTable {
  public:
-  virtual const std::shared_ptr<data::VectorSource>& Source() = 0;
+  virtual const std::shared_ptr<data::TableSource>& Source() = 0;
   /// The reference system of its shapes; null where it is unknown.
   virtual const OGRSpatialReference* ReferenceSystem() = 0;
-  /// The map has let go of it: from now on its data calls fail.
-  virtual void SetGone(bool gone) = 0;
 };
 
 /// Offers all that IFeatureLayer tells of.

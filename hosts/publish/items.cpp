@@ -3,7 +3,6 @@
 #include "hosts/publish/items.h"
 
 #include "hosts/columns/querytokens.h"
-#include "hosts/columns/where.h"
 #include "hosts/headless/layerfactory.h"
 #include "hosts/headless/projectxml.h"
 #include "hosts/headless/shape.h"
@@ -80,6 +79,8 @@ Json Items::ItemOf(const OpenDocument& document, const std::string& id,
                      : object.Offers<IStandaloneTable>() ? "table"
                                                          : "layer";
   Json json = {{"kind", kind}, {"name", definition.name}};
+  const std::string attribution = xml.child_value("attribution");
+  if (!attribution.empty()) json["attribution"] = attribution;
   if (other) {
     report_.Add(definition.name, "a page shows no layers of its kind (" + definition.type +
                                      "); it shows the name alone");
@@ -100,7 +101,7 @@ void Items::PutTable(const Ref<IObject>& object, const headless::LayerDefinition
   const std::vector<columns::Field>& fields = table->Source()->Fields();
   if (!columns::IsBlank(clause)) {
     json["definition"] = ToUtf8(clause);
-    if (table->Source()->Valid() && !columns::CompileWhere(clause, fields).where) {
+    if (table->Source()->Valid() && !PageEvaluates(*table->Source(), clause)) {
       report_.Add(name, "a page can't evaluate its filter: " + ToUtf8(clause));
     }
   }

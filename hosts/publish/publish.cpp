@@ -6,7 +6,6 @@
 #include <stdexcept>
 
 #include "hosts/columns/querytokens.h"
-#include "hosts/columns/where.h"
 #include "hosts/common/paths.h"
 #include "hosts/headless/shape.h"
 #include "hosts/publish/companions.h"
@@ -62,7 +61,7 @@ void CheckQueries(const Companions& companions, const Sources& sources, Report& 
         continue;  // a query for another table
       }
       if (columns::IsBlank(query.text)) continue;
-      if (columns::CompileWhere(query.text, source->Fields()).where) continue;
+      if (PageEvaluates(*source, query.text)) continue;
       report.Add(query.name, "a page can't evaluate this query: " + ToUtf8(query.text));
     }
   }

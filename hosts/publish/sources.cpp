@@ -2,6 +2,7 @@
 // What a page is told of a table, and the table itself.
 #include "hosts/publish/sources.h"
 
+#include "hosts/columns/where.h"
 #include "hosts/publish/tablefile.h"
 
 namespace brelmon::publish {
@@ -12,7 +13,7 @@ constexpr const char* kEmptyLayer = "the page shows its name without data";
 bool IsFile(const data::SourceAddress& address) { return address.path.rfind('/', 0) == 0; }
 
 std::string KeyOf(headless::IHostTable& table) {
-  const data::VectorSource& source = *table.Source();
+  const data::TableSource& source = *table.Source();
   const data::SourceAddress& address = source.Address();
   std::string key = address.path + '\n' + address.layer + '\n' +
                     std::to_string(address.layerNumber) + '\n' + address.encoding + '\n' +
@@ -37,7 +38,7 @@ std::string Characters(const columns::CodePage& page) {
   return characters;
 }
 
-Json FieldsOf(const data::VectorSource& source) {
+Json FieldsOf(const data::TableSource& source) {
   Json fields = Json::array();
   for (const columns::Field& field : source.Fields()) {
     Json json = {{"name", field.Name}, {"type", static_cast<int>(field.Type)}};
@@ -49,7 +50,7 @@ Json FieldsOf(const data::VectorSource& source) {
   return fields;
 }
 
-void PutEncoding(data::VectorSource& source, Json& json) {
+void PutEncoding(data::TableSource& source, Json& json) {
   const columns::CodePage& page = source.Encoding();
   if (page.IsUtf8()) return;
   json["encoding"] = page.Name();
@@ -71,6 +72,12 @@ std::string FileNameOf(const std::string& text, std::size_t number) {
   return name + "-" + std::to_string(number);
 }
 
+bool PageEvaluates(const data::TableSource& source, const Text& clause) {
+  const auto compiled = source.HasOwnSql() ? columns::CompileSqliteWhere(clause, source.Fields())
+                                           : columns::CompileWhere(clause, source.Fields());
+  return compiled.where != nullptr;
+}
+
 std::string Sources::NameOf(headless::IHostTable& table, const std::string& item) {
   std::string& name = names_[KeyOf(table)];
   if (name.empty()) {
@@ -82,7 +89,7 @@ std::string Sources::NameOf(headless::IHostTable& table, const std::string& item
   return name;
 }
 
-std::string Sources::ProblemOf(const data::VectorSource& source, const std::string& item) {
+std::string Sources::ProblemOf(const data::TableSource& source, const std::string& item) {
   const data::SourceAddress& address = source.Address();
   std::string problem = source.Problem();
   if (!IsFile(address)) {
@@ -102,7 +109,7 @@ std::string Sources::ProblemOf(const data::VectorSource& source, const std::stri
 }
 
 Json Sources::Told(headless::IHostTable& table, const std::string& name, const std::string& item) {
-  data::VectorSource& source = *table.Source();
+  data::TableSource& source = *table.Source();
   const std::string problem = ProblemOf(source, item);
   Json json = {{"kind", ToUtf8(source.Kind())}};
   if (!problem.empty()) json["problem"] = problem;
@@ -120,10 +127,12 @@ Json Sources::Told(headless::IHostTable& table, const std::string& name, const s
 
 void Sources::WriteRows(headless::IHostTable& table, const std::string& name,
                         const std::string& item, Json& json) {
-  data::VectorSource& source = *table.Source();
+  data::TableSource& source = *table.Source();
   const std::string file = "data/" + name + ".fgb";
-  const TableFacts facts = WriteTable(table.Source(), table.ReferenceSystem(), crs_,
-                                      output_.PathFor(file), [this] { output_.CheckStopped(); });
+  // What lies in no file doesn't come here.
+  const auto rows = std::dynamic_pointer_cast<data::VectorSource>(table.Source());
+  const TableFacts facts = WriteTable(rows, table.ReferenceSystem(), crs_, output_.PathFor(file),
+                                      [this] { output_.CheckStopped(); });
   output_.Fetched(file);
   json["file"] = file;
   json["rows"] = facts.rows;

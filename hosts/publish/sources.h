@@ -13,6 +13,9 @@
 
 namespace brelmon::publish {
 
+/// Whether a page, which has no database to ask, finds the rows of a clause.
+bool PageEvaluates(const data::TableSource& source, const Text& clause);
+
 class Sources {
  public:
   /// Shapes go into `crs`, which may be null. All outlive it.
@@ -26,11 +29,11 @@ class Sources {
   const Json& All() const { return all_; }
   std::int64_t Rows() const { return rows_; }
   /// All that were reached.
-  const std::vector<std::shared_ptr<data::VectorSource>>& Reached() const { return reached_; }
+  const std::vector<std::shared_ptr<data::TableSource>>& Reached() const { return reached_; }
 
  private:
   /// Why the data can't be published, empty if they can.
-  std::string ProblemOf(const data::VectorSource& source, const std::string& item);
+  std::string ProblemOf(const data::TableSource& source, const std::string& item);
   Json Told(headless::IHostTable& table, const std::string& name, const std::string& item);
   void WriteRows(headless::IHostTable& table, const std::string& name, const std::string& item,
                  Json& json);
@@ -42,7 +45,7 @@ class Sources {
   std::map<std::string, std::string> names_;  // by all that makes the data what they are
   Json all_ = Json::object();
   std::int64_t rows_ = 0;
-  std::vector<std::shared_ptr<data::VectorSource>> reached_;
+  std::vector<std::shared_ptr<data::TableSource>> reached_;
 };
 
 /// A file's name out of any text: ASCII letters, digits, '_' and '-', and a number that no other

@@ -11,27 +11,22 @@
 #include <QWindow>
 #include <vector>
 
-#include "hosts/common/hostfailure.h"
+#include "hosts/qgis/session.h"
 
 namespace brelmon::qgis {
 namespace {
-
-QgisInterface* running = nullptr;
-
-QVector<QPointer<QDialog>>& ModalWindows() {
-  static QVector<QPointer<QDialog>> windows;
-  return windows;
-}
 
 struct Floating {
   QPointer<QWidget> window;
   const QWidget* shownOver;  // may be gone; only ever compared
 };
 
-std::vector<Floating>& FloatingWindows() {
-  static std::vector<Floating> windows;
-  return windows;
-}
+struct Windows {
+  QVector<QPointer<QDialog>> modal;
+  std::vector<Floating> floating;
+};
+
+Windows& OurWindows() { return Session::Running().Of<Windows>(); }
 
 // A window whose transient parent is a modal dialog isn't blocked by it.
 void RaiseOver(QWidget* owner, QWidget& window) {
@@ -42,7 +37,7 @@ void RaiseOver(QWidget* owner, QWidget& window) {
 }
 
 void RaiseAllOver(QWidget* owner) {
-  for (const auto& [window, over] : FloatingWindows()) {
+  for (const auto& [window, over] : OurWindows().floating) {
     if (window) RaiseOver(owner, *window);
   }
 }
@@ -62,23 +57,19 @@ void ShowOver(QWidget* owner, Floating& floating) {
 
 }  // namespace
 
-QgisInterface& Iface() {
-  if (!running) host::Fail(failure::kObjectNotSet);
-  return *running;
-}
-
-void SetIface(QgisInterface* iface) { running = iface; }
+QgisInterface& Iface() { return Session::Running().Iface(); }
 
 QWidget* OwnerWindow() {
-  const auto& modal = ModalWindows();
+  if (!Session::IfRunning()) return nullptr;
+  const auto& modal = OurWindows().modal;
   for (auto at = modal.rbegin(); at != modal.rend(); ++at) {
     if (*at && (*at)->isVisible()) return *at;
   }
-  return running ? running->mainWindow() : nullptr;
+  return Iface().mainWindow();
 }
 
 void PushModalWindow(QDialog* dialog) {
-  ModalWindows().push_back(dialog);
+  OurWindows().modal.push_back(dialog);
   RaiseAllOver(dialog);
   // A window shown just before would come up above it.
   QTimer::singleShot(0, dialog, [dialog] {
@@ -87,9 +78,10 @@ void PushModalWindow(QDialog* dialog) {
 }
 
 void PopModalWindow(QDialog* dialog) {
-  ModalWindows().removeAll(dialog);
+  if (!Session::IfRunning()) return;
+  OurWindows().modal.removeAll(dialog);
   RaiseAllOver(OwnerWindow());
-  for (Floating& floating : FloatingWindows()) {
+  for (Floating& floating : OurWindows().floating) {
     if (floating.window && floating.shownOver == dialog) ShowOver(OwnerWindow(), floating);
   }
 }
@@ -102,7 +94,7 @@ void BringUp(QWidget& window) {
 }
 
 void FloatAbove(QWidget* window) {
-  auto& windows = FloatingWindows();
+  auto& windows = OurWindows().floating;
   std::erase_if(windows,
                 [window](const Floating& each) { return !each.window || each.window == window; });
   windows.push_back({window, OwnerWindow()});

@@ -22,7 +22,6 @@ inline Text FromQt(const QString& text) {
 
 /// The running QGIS while the plug-in is loaded; fails with 91 at any other time.
 QgisInterface& Iface();
-void SetIface(QgisInterface* iface);
 
 /// The window that a dialog opening now is to stand above: the topmost form, else QGIS.
 QWidget* OwnerWindow();

@@ -8,7 +8,9 @@
 #include <optional>
 #include <vector>
 
+#include "hosts/columns/emptyvalue.h"
 #include "hosts/common/hostfailure.h"
+#include "hosts/qgis/session.h"
 
 namespace brelmon::qgis {
 namespace {
@@ -22,14 +24,26 @@ struct Turn {
   std::vector<std::function<void()>> undo;
 };
 
-std::vector<std::unique_ptr<Turn>>& Turns() {
-  static std::vector<std::unique_ptr<Turn>> turns;
-  return turns;
+}  // namespace
+
+struct Turns {
+  std::vector<std::unique_ptr<Turn>> running;  // innermost last
+  int clicks = 0;
+};
+
+namespace {
+
+std::shared_ptr<Turns> AllTurns() {
+  Session* session = Session::IfRunning();
+  return session ? session->Shared<Turns>() : std::make_shared<Turns>();
 }
 
-int clicks = 0;
-
-Turn* Innermost() { return Turns().empty() ? nullptr : Turns().back().get(); }
+Turn* Innermost() {
+  Session* session = Session::IfRunning();
+  if (!session) return nullptr;
+  const auto& running = session->Of<Turns>().running;
+  return running.empty() ? nullptr : running.back().get();
+}
 
 /// Lets nothing through that a user does, and notes one key.
 class Deafness : public QObject {
@@ -62,19 +76,22 @@ class Deafness : public QObject {
 
 }  // namespace
 
-UserTurn::UserTurn() {
-  if (Turns().empty()) ++clicks;
-  Turns().push_back(std::make_unique<Turn>());
-  Turns().back()->clock.start();
+UserTurn::UserTurn() : turns_(AllTurns()) {
+  if (turns_->running.empty()) {
+    ++turns_->clicks;
+    columns::ForgetEmptyValue();
+  }
+  turns_->running.push_back(std::make_unique<Turn>());
+  turns_->running.back()->clock.start();
 }
 
 UserTurn::~UserTurn() {
-  const std::unique_ptr<Turn> turn = std::move(Turns().back());
-  Turns().pop_back();
+  const std::unique_ptr<Turn> turn = std::move(turns_->running.back());
+  turns_->running.pop_back();
   for (auto undo = turn->undo.rbegin(); undo != turn->undo.rend(); ++undo) (*undo)();
 }
 
-int CurrentClick() { return Turns().empty() ? 0 : clicks; }
+int CurrentClick() { return Innermost() ? Session::Running().Of<Turns>().clicks : 0; }
 
 void AtEndOfTurn(std::function<void()> undo) {
   if (Turn* turn = Innermost()) turn->undo.push_back(std::move(undo));

@@ -17,6 +17,9 @@ class UserTurn {
   ~UserTurn();
   UserTurn(const UserTurn&) = delete;
   UserTurn& operator=(const UserTurn&) = delete;
+
+ private:
+  std::shared_ptr<struct Turns> turns_;  // outlive the session that ends within a turn
 };
 
 /// Number of the outermost turn that runs; 0 between turns.

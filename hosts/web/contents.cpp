@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "hosts/web/dataframe.h"
+
 namespace brelmon::web {
 namespace {
 
@@ -27,7 +29,7 @@ void DescribeTable(ITableItem& table, Json& json) {
   PutBox(json, "extent", source->Facts().extent);
 }
 
-void DescribeItem(const TreeItem& tree, bool picked, Json& json) {
+void DescribeItem(const document::TreeItem& tree, bool picked, Json& json) {
   IItem& item = *tree.object.As<IItem>(0);
   const ModuleItem& facts = item.Facts();
   json.Begin()
@@ -43,6 +45,7 @@ void DescribeItem(const TreeItem& tree, bool picked, Json& json) {
   json.Put("valid", layer ? layer->Valid() : standalone && standalone->Valid());
   if (!facts.symbols.json.empty()) json.Key("symbols").Raw(facts.symbols.json);
   if (const auto table = tree.object.TryAs<ITableItem>()) DescribeTable(*table, json);
+  if (!facts.attribution.empty()) json.Put("attribution", facts.attribution);
   if (!facts.picture.empty()) {
     json.Put("picture", facts.picture).Put("opacity", facts.opacity);
     PutBox(json, "extent", facts.extent);
@@ -53,20 +56,20 @@ void DescribeItem(const TreeItem& tree, bool picked, Json& json) {
 }  // namespace
 
 void DescribeContents(IMxDocument& document, Json& json) {
-  auto& user = dynamic_cast<IUserDocument&>(document);
+  auto& user = dynamic_cast<document::IUserDocument&>(document);
   json.Put("tab", document.CurrentContentsView()->Name());
   json.Key("frames").BeginArray();
   for (const Ref<IMap>& map : user.Frames()) {
-    IDataFrame& frame = *map.As<IDataFrame>(0);
+    document::IDataFrame& frame = *map.As<document::IDataFrame>();
     json.Begin()
-        .Put("id", frame.Id())
+        .Put("id", FrameId(map))
         .Put("name", map->Name())
         .Put("focus", Same(map, document.FocusMap()))
         .Put("visible", frame.Visible())
         .Put("expanded", frame.Expanded());
     PutBox(json, "shown", frame.Shown());
     json.Key("items").BeginArray();
-    for (const TreeItem& item : frame.Items()) {
+    for (const document::TreeItem& item : frame.Items()) {
       const auto& picked = user.Picked();
       DescribeItem(item,
                    std::any_of(picked.begin(), picked.end(),

@@ -22,8 +22,6 @@ class IItem : public virtual IObject {
 class ITableItem : public virtual IItem {
  public:
   virtual const std::shared_ptr<Source>& Data() = 0;  // null while it is bound to nothing
-  /// The map has let go of it: from now on its data calls fail.
-  virtual void SetGone(bool gone) = 0;
   /// Changes with the selection and with the definition.
   virtual int Revision() const = 0;
   virtual const columns::RowIds& Selected() = 0;

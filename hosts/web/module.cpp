@@ -134,6 +134,7 @@ ModuleItem ItemOf(const Node& node, int depth = 0) {
   item.expanded = FlagOf(node, "expanded", true);
   item.source = TextOf(node, "source");
   item.definition = TextOf(node, "definition");
+  item.attribution = TextOf(node, "attribution");
   const Node& aliases = Member(node, "aliases");
   if (aliases.IsObject()) {
     for (const auto& alias : aliases.GetObject()) {

@@ -47,6 +47,7 @@ struct ModuleItem {
   bool visible = true, expanded = true;
   std::vector<ModuleItem> items;  // of a group
   std::string source, definition;
+  std::string attribution;  // who is to be named beside it
   std::map<std::string, std::string> aliases;
   std::set<std::string> hidden;
   Symbols symbols;

@@ -143,14 +143,29 @@ void StatusBar::ShowProgressBar(const Text& message, std::int32_t minimum, std::
   maximum_ = maximum;
   step_ = step;
   visible_ = true;
+  pause_ = 1;
+  steps_ = 0;
   Show();
 }
 
 void StatusBar::StepProgressBar() {
   if (!visible_) return;
   position_ = position_ > maximum_ - step_ ? maximum_ : position_ + step_;
-  constexpr auto kBreath = std::chrono::milliseconds(60);
-  if (Clock::now() - shown_ < kBreath) return;
+  if (++steps_ >= pause_) LookAtClock();
+}
+
+/// The clock is the browser's and dear, and a tool may step once for each of a million values: it
+/// is looked at every few milliseconds.
+void StatusBar::LookAtClock() {
+  constexpr auto kBreath = std::chrono::milliseconds(100);
+  constexpr auto kShort = std::chrono::milliseconds(2), kLong = std::chrono::milliseconds(8);
+  constexpr std::int32_t kMostSteps = 1 << 20;
+  const auto now = Clock::now();
+  if (now - looked_ < kShort) pause_ = std::min(pause_ * 2, kMostSteps);
+  if (now - looked_ > kLong) pause_ = std::max(pause_ / 4, 1);
+  looked_ = now;
+  steps_ = 0;
+  if (now - shown_ < kBreath) return;
   Show();
   const int name = NextName();
   Tell(Json().Begin().Put("what", "breath").Put("name", name).End());

@@ -70,10 +70,12 @@ class StatusBar : public IStatusBar {
  private:
   using Clock = std::chrono::steady_clock;
   void Show();
+  void LookAtClock();
   Text message_;
   std::int32_t minimum_ = 0, maximum_ = 0, step_ = 1, position_ = 0;
   bool visible_ = false;
-  Clock::time_point shown_;
+  Clock::time_point shown_, looked_;
+  std::int32_t pause_ = 1, steps_ = 0;  // steps between two looks at the clock; since the last
 };
 
 /// Files under the module's folder and the temporary one, in memory. `written` is told each path

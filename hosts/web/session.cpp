@@ -126,7 +126,7 @@ void Session::Pick(const Message& message) {
     if (!item) continue;
     items.push_back(item);
     for (const Ref<IMap>& map : host_.User().Frames()) {
-      for (const TreeItem& one : map.As<IDataFrame>(0)->Items()) {
+      for (const document::TreeItem& one : map.As<document::IDataFrame>()->Items()) {
         if (!Same(one.object, item)) continue;
         several = several || (frame && !Same(frame, map));
         frame = map;
@@ -142,8 +142,8 @@ void Session::Pick(const Message& message) {
 void Session::Focus(const Message& message) {
   const Ref<IMap> frame = host_.FrameOf(message.IntAt("frame"));
   if (!frame) return;
-  host_.User().Pick({});
   host_.Document()->SetActiveView(frame.As<IActiveView>(0));
+  host_.User().Pick({});
 }
 
 void Session::Extent(const Message& message) {
@@ -153,7 +153,7 @@ void Session::Extent(const Message& message) {
   Bounds shown;
   shown.Add(box[0], box[1]);
   shown.Add(box[2], box[3]);
-  frame.As<IDataFrame>(0)->SetShown(shown);
+  frame.As<document::IDataFrame>()->SetShown(shown);
 }
 
 void Session::SelectRows(const Message& message) {

@@ -111,26 +111,6 @@ bool AnyPartIn(const Shape& one, const Shape& other) {
 
 }  // namespace
 
-void Bounds::Add(double x, double y) {
-  if (empty) {
-    *this = {x, y, x, y, false};
-    return;
-  }
-  xMin = std::min(xMin, x), yMin = std::min(yMin, y);
-  xMax = std::max(xMax, x), yMax = std::max(yMax, y);
-}
-
-void Bounds::Add(const Bounds& other) {
-  if (other.empty) return;
-  Add(other.xMin, other.yMin);
-  Add(other.xMax, other.yMax);
-}
-
-bool Bounds::Meets(const Bounds& other) const {
-  return !empty && !other.empty && xMin <= other.xMax && other.xMin <= xMax && yMin <= other.yMax &&
-         other.yMin <= yMax;
-}
-
 void ShapeStore::EndShape(ShapeKind kind) {
   Bounds box;
   const std::uint32_t first = Size() == 0 ? 0 : shapeEnds.back();

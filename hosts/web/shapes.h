@@ -7,18 +7,13 @@
 #include <string>
 #include <vector>
 
+#include "hosts/document/bounds.h"
+
 namespace brelmon::web {
 
 enum class ShapeKind : std::uint8_t { None, Points, Lines, Polygons };
 
-struct Bounds {
-  double xMin = 0, yMin = 0, xMax = 0, yMax = 0;
-  bool empty = true;
-
-  void Add(double x, double y);
-  void Add(const Bounds& other);
-  bool Meets(const Bounds& other) const;
-};
+using document::Bounds;
 
 /// Points: each part is one run of points. Lines: a part each. Polygons: a part each ring; a point
 /// is inside where an odd number of rings is around it, so that holes and islands need no mark.

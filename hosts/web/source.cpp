@@ -23,12 +23,9 @@ std::span<const T> Part(const std::vector<T>& values, std::size_t from, std::siz
 
 class TableReader : public columns::IBatchReader {
  public:
-  TableReader(std::shared_ptr<const ColumnTable> table, columns::RowRequest request)
-      : table_(std::move(table)), request_(std::move(request)) {
-    if (columns::IsBlank(request_.Clause)) return;
-    where_ = columns::CompileWhere(request_.Clause, table_->fields).where;
-    if (!where_) host::Fail(failure::kRefused);  // the clause was tried before
-  }
+  TableReader(std::shared_ptr<const ColumnTable> table, columns::RowRequest request,
+              std::unique_ptr<columns::Where> where)
+      : table_(std::move(table)), request_(std::move(request)), where_(std::move(where)) {}
 
   std::shared_ptr<columns::Batch> Next() override {
     if (next_ >= table_->RowCount()) return nullptr;
@@ -66,10 +63,18 @@ class TableReader : public columns::IBatchReader {
   std::size_t next_ = 0;
 };
 
-std::optional<Text> UnknownName(const columns::ClauseNames& names,
+/// In the language of the source at home.
+columns::Compiled CompiledFor(const SourceFacts& facts, TextView clause,
+                              const std::vector<columns::Field>& fields) {
+  return facts.ownSql ? columns::CompileSqliteWhere(clause, fields)
+                      : columns::CompileWhere(clause, fields);
+}
+
+std::optional<Text> UnknownName(const SourceFacts& facts, const columns::ClauseNames& names,
                                 const std::vector<columns::Field>& fields) {
   std::vector<Text> known;
   for (const columns::Field& field : fields) known.push_back(FromUtf8(field.Name));
+  if (!facts.ownSql) known.emplace_back(u"FID");  // the record's number
   return columns::UnknownField(names, known);
 }
 
@@ -109,12 +114,12 @@ void Source::TryClause(TextView clause) {
   const columns::ClauseNames names = columns::NamesIn(clause);
   std::string reason = names.fault;
   if (reason.empty()) {
-    if (const auto unknown = UnknownName(names, Table().fields)) {
+    if (const auto unknown = UnknownName(facts_, names, Table().fields)) {
       reason = "there is no field \"" + ToUtf8(*unknown) + "\"";
     }
   }
   if (reason.empty()) {
-    const columns::Compiled compiled = columns::CompileWhere(clause, Table().fields);
+    const columns::Compiled compiled = CompiledFor(facts_, clause, Table().fields);
     if (compiled.where) return;
     reason = compiled.refusal.empty() ? "this page can't evaluate it" : compiled.refusal;
   }
@@ -123,7 +128,12 @@ void Source::TryClause(TextView clause) {
 
 std::unique_ptr<columns::IBatchReader> Source::Read(const columns::RowRequest& request) {
   Table();
-  return std::make_unique<TableReader>(table_, request);
+  std::unique_ptr<columns::Where> where;
+  if (!columns::IsBlank(request.Clause)) {
+    where = CompiledFor(facts_, request.Clause, table_->fields).where;
+    if (!where) host::Fail(failure::kRefused);  // the clause was tried before
+  }
+  return std::make_unique<TableReader>(table_, request, std::move(where));
 }
 
 }  // namespace brelmon::web

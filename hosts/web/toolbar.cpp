@@ -17,8 +17,8 @@ Toolbar::Toolbar(Component& component, const Ref<IApplication>& application)
     buttons_.push_back(std::move(button));
   }
   const auto definition = component_.CreateObject(ProgIdOf(kToolBarClass)).As<IToolBarDef>(0);
-  for (const host::BarItem& item : host::ItemsOf(definition)) {
-    bar_.emplace_back(item.ProgId.substr(item.ProgId.rfind(u'.') + 1), item.Group);
+  for (const auto& [className, beginsGroup] : host::ItemsOf(*definition)) {
+    bar_.emplace_back(className, beginsGroup);
   }
 }
 

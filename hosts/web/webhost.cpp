@@ -2,7 +2,6 @@
 // Putting the parts together.
 #include "hosts/web/webhost.h"
 
-#include <array>
 #include <filesystem>
 #include <fstream>
 #include <stdexcept>
@@ -10,10 +9,11 @@
 #include "hosts/columns/dissolve.h"
 #include "hosts/columns/uniquevalues.h"
 #include "hosts/common/folderworkspace.h"
-#include "hosts/common/hostfailure.h"
 #include "hosts/common/objectlists.h"
 #include "hosts/common/registry.h"
+#include "hosts/document/application.h"
 #include "hosts/web/catalog.h"
+#include "hosts/web/dataframe.h"
 #include "hosts/web/formviews.h"
 #include "hosts/web/page.h"
 #include "hosts/web/services.h"
@@ -21,74 +21,7 @@
 namespace brelmon::web {
 namespace {
 
-struct DesktopCommand {
-  TextView identifier;
-  const char* name;
-};
-
-constexpr std::array<DesktopCommand, 3> kDesktopCommands = {{
-    {u"{3E58D6D0-DF7A-11D1-ADD9-080009EC732A}", "Statistics of the selected features"},
-    {u"{82B9951B-DD63-11D1-AA7F-00C04FA37860}", "Select By Location"},
-    {u"{54EBEEE6-DC82-11D1-AA7F-00C04FA37860}", "Select By Attributes"},
-}};
-
-class RefusingCommand : public ICommandItem {
- public:
-  explicit RefusingCommand(const char* name) : name_(name) {}
-  void Execute() override {
-    host::Fail(failure::kNotSupported,
-               std::string(name_) + " is a dialog of a desktop map; a page has none.");
-  }
-
- private:
-  const char* name_;
-};
-
-Ref<ICommandItem> FindHostCommand(const Text& identifier) {
-  for (const DesktopCommand& command : kDesktopCommands) {
-    if (EqualNoCase(command.identifier, identifier)) return New<RefusingCommand>(command.name);
-  }
-  return {};
-}
-
-class NoSummarizeDialog : public ISummarizeDialog {
- public:
-  void SetApplication(const Ref<IApplication>&) override {}
-  void SetTable(const Ref<ITable>&) override {}
-  void SetField(const Ref<IField>&) override {}
-  void SetFlag(bool) override {}
-  void DoModal(std::int32_t) override {
-    host::Fail(failure::kNotSupported, "Summarize is a dialog of a desktop map; a page has none.");
-  }
-};
-
-class OneTemplate : public ITemplates {
- public:
-  explicit OneTemplate(Text path) : path_(std::move(path)) {}
-  std::int32_t Count() override { return 1; }
-  Text Item(std::int32_t index) override {
-    if (index != 0) host::Fail(failure::kSubscript);
-    return path_;
-  }
-
- private:
-  Text path_;
-};
-
-class ApplicationObject : public IApplication {
- public:
-  ApplicationObject(Ref<IMxDocument> document, Text path)
-      : document_(std::move(document)), templates_(New<OneTemplate>(std::move(path))) {}
-  Ref<IDocument> Document() override { return document_.As<IDocument>(0); }
-  Ref<IStatusBar> StatusBar() override { return statusBar_; }
-  Ref<ITemplates> Templates() override { return templates_; }
-  std::int32_t hWnd() override { return 0; }
-
- private:
-  Ref<IMxDocument> document_;
-  Ref<IStatusBar> statusBar_ = New<web::StatusBar>();
-  Ref<ITemplates> templates_;
-};
+constexpr const char* kNoDialog = "a page has none";
 
 void TellFile(const std::string& path) {
   Tell(Json().Begin().Put("what", "file").Put("path", path).End());
@@ -116,7 +49,9 @@ class HostObjects : public IHostObjects {
   Ref<IEnvelope> NewEnvelope() override { return host::NewEnvelope(); }
   Ref<IGxDialog> NewGxDialog() override { return web::NewGxDialog(); }
   Ref<IGxLayer> NewGxLayer() override { return web::NewGxLayer(catalog_); }
-  Ref<ISummarizeDialog> NewSummarizeDialog() override { return New<NoSummarizeDialog>(); }
+  Ref<ISummarizeDialog> NewSummarizeDialog() override {
+    return document::NewDesktopSummarize(kNoDialog);
+  }
 
  private:
   TableWindows& tables_;
@@ -174,11 +109,15 @@ struct WebHost::Parts {
     SetItemListener(changed);
     DocumentListener listener;
     listener.changed = changed;
-    listener.moved = [](IDataFrame& frame) {
-      Tell(Json().Begin().Put("what", "moved").Put("frame", frame.Id()).End());
+    listener.moved = [](int id) {
+      Tell(Json().Begin().Put("what", "moved").Put("frame", std::int32_t{id}).End());
     };
-    document = NewDocument(module, catalog.sources, FindHostCommand, listener);
-    application = New<ApplicationObject>(document, host::Paths().ToWindows(file));
+    mapDocument = OpenDocument(
+        module, catalog.sources,
+        [](const Text& identifier) { return document::FindDesktopCommand(identifier, kNoDialog); },
+        listener);
+    application =
+        document::NewApplication(mapDocument, New<web::StatusBar>(), host::Paths().ToWindows(file));
     services = {&boxes,         &screen,     &clipboard,    &printer, &clock, files.get(),
                 registry.get(), shell.get(), objects.get(), &forms,   locale};
     scope = std::make_unique<ServicesScope>(services);
@@ -198,7 +137,7 @@ struct WebHost::Parts {
   std::unique_ptr<IRegistry> registry = host::NewMemoryRegistry();
   std::unique_ptr<IShell> shell;
   std::unique_ptr<IHostObjects> objects = std::make_unique<web::HostObjects>(tables, catalog);
-  Ref<IMxDocument> document;
+  Ref<IMxDocument> mapDocument;
   Ref<IApplication> application;
   Services services;
   std::unique_ptr<ServicesScope> scope;
@@ -223,21 +162,21 @@ const Sources& WebHost::AllSources() const { return parts_->catalog.sources; }
 const Module& WebHost::Facts() const { return parts_->module; }
 const std::string& WebHost::Folder() const { return parts_->folder; }
 Ref<IApplication> WebHost::Application() const { return parts_->application; }
-Ref<IMxDocument> WebHost::Document() const { return parts_->document; }
-IUserDocument& WebHost::User() const { return *parts_->document.As<IUserDocument>(0); }
+Ref<IMxDocument> WebHost::Document() const { return parts_->mapDocument; }
+document::IUserDocument& WebHost::User() const {
+  return *parts_->mapDocument.As<document::IUserDocument>();
+}
 const Services& WebHost::HostServices() const { return parts_->services; }
 TableWindows& WebHost::Tables() const { return parts_->tables; }
 host::HostClock& WebHost::Clock() const { return parts_->clock; }
 
 void WebHost::SetGraphics(const std::vector<std::string>& wkts) {
-  std::vector<ShapeStore> shapes;
-  for (const std::string& wkt : wkts) shapes.push_back(ShapeOfWkt(wkt));
-  parts_->document->FocusMap().As<IDataFrame>(0)->Graphics().Select(std::move(shapes));
+  parts_->mapDocument->FocusMap().As<document::IDataFrame>()->SetGraphics(wkts);
 }
 
 Ref<IObject> WebHost::ItemOf(int id) const {
   for (const Ref<IMap>& frame : User().Frames()) {
-    for (const TreeItem& item : frame.As<IDataFrame>(0)->Items()) {
+    for (const document::TreeItem& item : frame.As<document::IDataFrame>()->Items()) {
       if (item.object.As<IItem>(0)->Id() == id) return item.object;
     }
   }
@@ -246,7 +185,7 @@ Ref<IObject> WebHost::ItemOf(int id) const {
 
 Ref<IMap> WebHost::FrameOf(int id) const {
   for (const Ref<IMap>& frame : User().Frames()) {
-    if (frame.As<IDataFrame>(0)->Id() == id) return frame;
+    if (FrameId(frame) == id) return frame;
   }
   return {};
 }

@@ -34,7 +34,7 @@ class WebHost {
   const std::string& Folder() const;  // the module's, system path
   Ref<IApplication> Application() const;
   Ref<IMxDocument> Document() const;
-  IUserDocument& User() const;
+  document::IUserDocument& User() const;
   const Services& HostServices() const;
   TableWindows& Tables() const;
   host::HostClock& Clock() const;

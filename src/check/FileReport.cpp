@@ -5,8 +5,10 @@
 #include <algorithm>
 
 #include "check/Spelling.h"
+#include "frame/guard.h"
 #include "platform/codepage.h"
 #include "platform/number.h"
+#include "platform/unfinishedmark.h"
 #include "util/aml_func_mod.h"
 
 namespace brelmon {
@@ -25,6 +27,7 @@ void FileReport::Add(std::int32_t line, Severity grade, Text wrong, Text then, T
 }
 
 bool FileReport::Form(bool firstLineMatters) {
+  Stopped();
   if (text_.IsUtf16()) {
     Add(1, Severity::Fails, u"the file is saved as UTF-16 (\"Unicode\")",
         u"the tools find nothing in it",
@@ -42,6 +45,18 @@ bool FileReport::Form(bool firstLineMatters) {
     return false;
   }
   return true;
+}
+
+void FileReport::Stopped() {
+  const std::string& bytes = text_.Bytes();
+  const auto at = bytes.find(kStoppedHere);
+  if (at == std::string::npos) return;
+  const auto mark = bytes.begin() + static_cast<std::ptrdiff_t>(at);
+  const auto ends = std::count(bytes.begin(), mark, '\r');
+  Add(static_cast<std::int32_t>(ends) + 1, Severity::Fails,
+      u"a program that wrote the file anew was stopped in the middle",
+      u"what should follow is missing",
+      u"bring the file back from a copy, or add what is missing and delete this line");
 }
 
 Text FileReport::Meant(std::int32_t line, const Text& asRead, Severity grade) {
@@ -102,6 +117,9 @@ bool FileReport::Path(std::int32_t line, const Text& written, const Text& then,
   return isThere && verdict.Is != Fault::Folder;
 }
 
+namespace {
+
+/// Tells where it isn't, and of one whose name comes close.
 bool IsInModule(const CheckedModule& module, const Text& directory, const FileNames& names,
                 std::vector<Finding>& findings) {
   const Text due(names.Due);
@@ -120,6 +138,23 @@ bool IsInModule(const CheckedModule& module, const Text& directory, const FileNa
                         Text(names.Otherwise)});
   }
   return false;
+}
+
+}  // namespace
+
+std::optional<ModuleText> ReadInModule(const CheckedModule& module, const Text& directory,
+                                       const FileNames& names, std::vector<Finding>& findings) {
+  if (!IsInModule(module, directory, names, findings)) return {};
+  std::optional<ModuleText> text;
+  const Text due(names.Due);
+  const std::int32_t failed =
+      Guard::Ignore([&] { text = ModuleText::Read(*module.Files, directory + due); });
+  if (!text) {
+    findings.push_back({due, 1, Severity::Fails,
+                        u"the file can't be read: " + DescriptionOf(failed),
+                        u"the tools stop with an error", u"let everybody read it"});
+  }
+  return text;
 }
 
 }  // namespace brelmon

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 
 #include "check/ModuleCheck.h"
 #include "check/ModuleText.h"
@@ -52,6 +53,9 @@ class FileReport {
   bool Refused(std::int32_t line, const Text& location);
 
  private:
+  /// Tells of a file whose last writer was killed before it had written all.
+  void Stopped();
+
   const CheckedModule& module_;
   Text file_;
   const Text& directory_;
@@ -59,8 +63,8 @@ class FileReport {
   std::vector<Finding>& findings_;
 };
 
-/// Whether the file is there; tells where it isn't, and of one whose name comes close.
-bool IsInModule(const CheckedModule& module, const Text& directory, const FileNames& names,
-                std::vector<Finding>& findings);
+/// The file's text; nothing, and told, where it isn't there or can't be read.
+std::optional<ModuleText> ReadInModule(const CheckedModule& module, const Text& directory,
+                                       const FileNames& names, std::vector<Finding>& findings);
 
 }  // namespace brelmon

@@ -272,10 +272,10 @@ void CheckMediaList(const CheckedModule& module, const Text& directory,
                     std::vector<Finding>& findings) {
   const FileNames names{kMediaListName, u"the media viewer asks for one",
                         u"write one, or an empty one"};
-  if (!IsInModule(module, directory, names, findings)) return;
+  const auto text = ReadInModule(module, directory, names, findings);
+  if (!text) return;
   const Text path = directory + Text(names.Due);
-  const ModuleText text = ModuleText::Read(*module.Files, path);
-  FileReport report(module, names.Due, directory, text, findings);
+  FileReport report(module, names.Due, directory, *text, findings);
   if (!report.Form(false)) return;
   MediaListCheck(directory, report).Read(path);
 }

@@ -18,7 +18,7 @@ struct CheckedModule {
 };
 
 /// All findings: QuickLoad.txt, media_list.txt, then the document, each by line. While it runs, the
-/// process's services are those of the module. A file that can't be read fails as IFileSystem does.
+/// process's services are those of the module. A file that can't be read is a finding too.
 std::vector<Finding> CheckModule(const CheckedModule& module);
 
 struct Fixed {

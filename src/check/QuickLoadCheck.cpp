@@ -242,17 +242,17 @@ void CheckQuickLoad(const CheckedModule& module, const Text& directory,
                     std::vector<Finding>& findings) {
   const FileNames names{QuickLoadFile::kFileName, u"QuickLoad says that it can't find it",
                         u"add a shortcut, which makes the file"};
-  if (!IsInModule(module, directory, names, findings)) return;
+  const auto text = ReadInModule(module, directory, names, findings);
+  if (!text) return;
   const Text path = directory + Text(names.Due);
-  const ModuleText text = ModuleText::Read(*module.Files, path);
-  FileReport report(module, names.Due, directory, text, findings);
-  const Text start = text.Decoded().substr(0, 16);
+  FileReport report(module, names.Due, directory, *text, findings);
+  const Text start = text->Decoded().substr(0, 16);
   const bool tagFirst = std::any_of(std::begin(kQuickLoadKinds), std::end(kQuickLoadKinds),
                                     [&](const auto& kind) { return start.starts_with(kind.Tag); });
   if (!report.Form(tagFirst)) return;
   QuickLoadCheck(module, directory, report, findings).Read(path);
-  if (!text.EndsInLineEnd()) {
-    findings.push_back({Text(names.Due), text.LastEditorLine(), Severity::Note,
+  if (!text->EndsInLineEnd()) {
+    findings.push_back({Text(names.Due), text->LastEditorLine(), Severity::Note,
                         u"the last line has no line end",
                         u"a shortcut added by an editor command sticks to it and is never found",
                         u"press Enter behind it, or run check --fix"});

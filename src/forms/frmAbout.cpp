@@ -3,7 +3,9 @@
 #include "forms/frmAbout.h"
 
 #include "forms/aboutconfig.h"
+#include "forms/aboutpages.h"
 #include "forms/pictures.h"
+#include "frame/configuration.h"
 #include "frame/guard.h"
 #include "frame/version.h"
 #include "platform/number.h"
@@ -17,7 +19,7 @@ constexpr int kNormalWindow = 1;
 constexpr std::size_t kBufferSize = 1024;
 constexpr Twips kParagraphIndent = 240;
 
-void OpenPage(TextView page) { Shell().Execute(Text(page), {}, kNormalWindow); }
+void OpenPage(TextView page) { Shell().Execute(PageAddress(page), {}, kNormalWindow); }
 
 /// A bold heading over an indented paragraph.
 void AddSection(std::vector<RichTextBox::Run>& runs, TextView heading, TextView paragraph) {
@@ -157,15 +159,15 @@ void frmAbout::lblSponsor2_MouseMove() {
 }
 
 void frmAbout::lblWebSite_Click() {
-  Guard::Top(u"lblWebSite_Click", [] { OpenPage(about::kMakerPage); });
+  Guard::Top(u"lblWebSite_Click", [] { OpenPage(configuration::kMakerPage); });
 }
 
 void frmAbout::picMakerLogo_Click() {
-  Guard::Top(u"picMakerLogo_Click", [] { OpenPage(about::kMakerPage); });
+  Guard::Top(u"picMakerLogo_Click", [] { OpenPage(configuration::kMakerPage); });
 }
 
 void frmAbout::lblSponsor2_Click() {
-  Guard::Top(u"lblSponsor2_Click", [] { OpenPage(about::kSponsorPage); });
+  Guard::Top(u"lblSponsor2_Click", [] { OpenPage(configuration::kSponsorPage); });
 }
 
 void frmAbout::cmdSysInfo_Click() {

@@ -2,7 +2,7 @@
 // The component's name and version.
 #pragma once
 
-#include "platform/text.h"
+#include "frame/configuration.h"
 
 namespace brelmon {
 
@@ -13,8 +13,9 @@ struct Version {
   int Minor;
   int Revision;
 };
-inline constexpr Version kVersion = {1, 9, 59};
+inline constexpr Version kVersion = {configuration::kMajor, configuration::kMinor,
+                                     configuration::kRevision};
 /// The same as a file version: two digits for the minor, four for the revision.
-inline constexpr TextView kFileVersion = u"1.09.0059";
+inline constexpr TextView kFileVersion = configuration::kFileVersion;
 
 }  // namespace brelmon

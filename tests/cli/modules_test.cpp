@@ -92,14 +92,15 @@ TEST(ToolBar, ListsTwelveWithTheirMarksAndStates) {
 }
 
 TEST(Contents, MarksWhatIsPickedAndCountsWhatIsSelected) {
-  const auto said = Brelmon({Earth()}, "pick quakes #9\nclick cmdSelectAll\ncontents\n").out;
+  const auto said = Brelmon({Earth()}, "pick quakes #8\nclick cmdSelectAll\ncontents\n").out;
   EXPECT_TRUE(Contains(said, "     1  focus   data frame "));
-  EXPECT_TRUE(Contains(
-      said, "     2  picked  feature layer    quakes            valid     1707      1707\n"))
+  EXPECT_TRUE(
+      Contains(said, "     2  picked  feature layer    quakes            valid   1707      1707\n"))
       << said;
   EXPECT_TRUE(Contains(
-      said, "     9  picked  table            weather           valid     2922      2922\n"));
-  EXPECT_TRUE(Contains(said, "  Volcanoes       invalid      -         -\n")) << said;
+      said, "     8  picked  table            weather           valid   2922      2922\n"));
+  const auto kinds = Brelmon({BRELMON_SOURCE_DIR "/tests/contract/kinds", "contents"}).out;
+  EXPECT_TRUE(Contains(kinds, "  gone    invalid     -         -\n")) << kinds;
 }
 
 TEST(Frame, TakesTheFocusAndTheSelectionAlong) {

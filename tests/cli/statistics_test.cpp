@@ -34,13 +34,12 @@ TEST(Statistics, WhatDoesNotComeAboutIsTold) {
     std::vector<std::string> words;
     const char* told;
   } rows[] = {
-      {{"Stations", "ELEV_M"}, "Error Number \n\t94\n"},
+      {{"Stations", "ELEV_M"}, "\nThe value is empty: field ELEV_M of \"Stations\", record 11.\n"},
       {{"weather", "TMAX_C"}, "Error Number \n\t91\n"},
       {{"quakes", "MAG", "--ignore", "-9999,x"}, "[Problems with Ignore Values:] "},
       {{"quakes", "MAG", "--selected"}, "no selected records"},
       {{"quakes", "SIG"}, "is hidden"},
       {{"quakes", "NOPE"}, "no field \"NOPE\" of \"quakes\""},
-      {{"Volcanoes", "X"}, "can't be reached"},
       {{"Atlantic storms", "#2"}, "not in the data frame in focus"},
       {{"Hazards", "X"}, "which has no fields"},
   };
@@ -51,6 +50,10 @@ TEST(Statistics, WhatDoesNotComeAboutIsTold) {
     EXPECT_EQ(said.out, "") << row.told;
     EXPECT_TRUE(Contains(said.err, row.told)) << said.err;
   }
+  const auto gone =
+      Brelmon({BRELMON_SOURCE_DIR "/tests/contract/kinds", "statistics", "gone", "X"});
+  EXPECT_EQ(gone.status, 1);
+  EXPECT_TRUE(Contains(gone.err, "can't be reached")) << gone.err;
 }
 
 }  // namespace

@@ -117,7 +117,7 @@ TEST(Media, OpensOnlyWhenToldTo) {
 
 TEST(Check, FindsInTheSampleWhatIsWrittenBesideIt) {
   const auto said = Brelmon({Earth(), "check"});
-  EXPECT_EQ(said.status, 1);  // its broken layer and its nulls are planted
+  EXPECT_EQ(said.status, 1);  // its empty cells are there on purpose
   EXPECT_EQ(said.out, BytesOf(BRELMON_SOURCE_DIR "/samples/earth-check.txt"));
 }
 

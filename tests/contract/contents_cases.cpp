@@ -27,12 +27,12 @@ void FramesInOrder(World& world) {
 
 void LayersInTreeOrder(World& world) {
   const Ref<IMap> map = world.Document()->FocusMap();
-  ExpectEqual(NamesOf(map->Layers({}, true)),
-              u"quakes|Hazards|storms|Volcanoes!|Stations|countries|Relief|", "all layers");
+  ExpectEqual(NamesOf(map->Layers({}, true)), u"quakes|Hazards|storms|Stations|countries|Relief|",
+              "all layers");
   ExpectEqual(NamesOf(map->Layers({}, false)), u"quakes|Hazards|Stations|countries|Relief|",
               "top-level layers");
   ExpectEqual(NamesOf(map->Layers(New<UID>(Text(kFeatureLayerUID)), true)),
-              u"quakes|storms|Volcanoes!|Stations|countries|", "feature layers");
+              u"quakes|storms|Stations|countries|", "feature layers");
   ExpectEqual(map->LayerCount(), 5, "LayerCount");
   const auto tables = map.As<IStandaloneTableCollection>();
   ExpectEqual(tables->StandaloneTableCount(), 2, "tables");

@@ -34,6 +34,9 @@ inline constexpr const char* kSample = "samples/earth/earth.qgs";
 /// The same eight rows as a shapefile, dBASE table, GeoJSON, GeoPackage and delimited text.
 inline constexpr const char* kKinds = "tests/contract/kinds/kinds.qgs";
 
+/// Those rows on a server, and partitioned over two others; tests/servers starts them.
+inline constexpr const char* kServers = "tests/contract/servers/servers.qgs";
+
 struct Case {
   std::string name;
   std::function<void(World&)> run;
@@ -47,8 +50,10 @@ inline Case AnyWorld(std::string name, std::function<void(World&)> run) {
   return {std::move(name), std::move(run), kSample, true};
 }
 
-/// All of them, names unique.
+/// All that need no server, names unique.
 std::vector<Case> AllCases();
+/// Those that do.
+std::vector<Case> ServerCases();
 
 std::vector<Case> ContentsCases();
 std::vector<Case> FieldCases();

@@ -7,7 +7,9 @@
 namespace brelmon::contract {
 namespace {
 
-const Text kTables[] = {u"points", u"table", u"geojson", u"gpkg", u"csv"};
+using Names = std::vector<Text>;
+const Names kTables = {u"points", u"table", u"geojson", u"gpkg", u"csv"};
+const Names kServerTables = {u"server", u"parts"};
 
 Ref<IObject> Called(World& world, const Text& name) {
   if (name == u"table" || name == u"filtered") return TableNamed(world, name);
@@ -64,33 +66,36 @@ void ExpectRefusal(const Ref<IObject>& object, const Text& clause, const std::st
 }
 
 /// Null pointers stand for refusals.
-void Clauses(World& world) {
+void ExpectClauses(World& world, const Names& tables) {
   constexpr const char* kNo = nullptr;
   const struct {
     Text clause;
-    const char *files, *database;  // the dialect of files, and the database's own
-  } clauses[] = {{u"\"NAME\" = 'alpha'", "05", ""},
-                 {u"NOT (\"VAL\" > 1)", "1345", "145"},
-                 {u"\"VAL\" BETWEEN 0 AND 25", "0246", "0246"},
-                 {u"\"NAME\" LIKE 'a%'", "", "05"},
-                 {u"\"NAME\" ILIKE 'a%'", "05", kNo},
-                 {u"\"DAY\" > '2020-02-29'", "245", "245"},
-                 {u"\"BIG\" > 4999999999", "015", "015"},
-                 {u"\"Gr\u00F6\u00DFe\" >= 50", "567", "567"},
-                 {u"\"NAME\" = 'O''Brien'", "2", "2"},
-                 {u"\"CNT\" NOT IN (1, 2)", "3457", "457"},
-                 {u"\"NAME\" = 'C\u00F4te' OR \"VAL\" IS NULL", "34", "34"},
-                 {u"rowid > 3", kNo, kNo},
-                 {u"OGR_GEOMETRY = 'POINT'", kNo, kNo},
-                 {u"OGR_GEOM_AREA > 0", kNo, kNo},
-                 {u"\"NAME\" = 'Alpha' LIMIT 1", kNo, kNo},
-                 {u"\"NAME\" = 'Alpha'; DELETE FROM rows", kNo, kNo},
-                 {u"load_extension('x') IS NULL", kNo, kNo}};
-  for (const Text& name : kTables) {
+    // The dialect of files, and those of a GeoPackage and of a server.
+    const char *files, *database, *server;
+  } clauses[] = {{u"\"NAME\" = 'alpha'", "05", "", ""},
+                 {u"NOT (\"VAL\" > 1)", "1345", "145", "145"},
+                 {u"\"VAL\" BETWEEN 0 AND 25", "0246", "0246", "0246"},
+                 {u"\"NAME\" LIKE 'a%'", "", "05", ""},
+                 {u"\"NAME\" ILIKE 'a%'", "05", kNo, "05"},
+                 {u"\"DAY\" > '2020-02-29'", "245", "245", "245"},
+                 {u"\"BIG\" > 4999999999", "015", "015", "015"},
+                 {u"\"Gr\u00F6\u00DFe\" >= 50", "567", "567", "567"},
+                 {u"\"NAME\" = 'O''Brien'", "2", "2", "2"},
+                 {u"\"CNT\" NOT IN (1, 2)", "3457", "457", "457"},
+                 {u"\"NAME\" = 'C\u00F4te' OR \"VAL\" IS NULL", "34", "34", "34"},
+                 {u"rowid > 3", kNo, kNo, kNo},
+                 {u"OGR_GEOMETRY = 'POINT'", kNo, kNo, kNo},
+                 {u"OGR_GEOM_AREA > 0", kNo, kNo, kNo},
+                 {u"\"NAME\" = 'Alpha' LIMIT 1", kNo, kNo, kNo},
+                 {u"\"NAME\" = 'Alpha'; DELETE FROM rows", kNo, kNo, kNo},
+                 {u"load_extension('x') IS NULL", kNo, kNo, kNo}};
+  for (const Text& name : tables) {
     const Ref<IObject> table = Called(world, name);
     for (const auto& row : clauses) {
       const std::string what = ToUtf8(name + u" where " + row.clause);
-      const char* due = name == u"gpkg" ? row.database : row.files;
+      const char* due = &tables == &kServerTables ? row.server
+                        : name == u"gpkg"         ? row.database
+                                                  : row.files;
       if (due) {
         ExpectRows(table, row.clause, due, what);
       } else {
@@ -98,14 +103,63 @@ void Clauses(World& world) {
       }
     }
   }
+}
+
+void Clauses(World& world) {
+  ExpectClauses(world, kTables);
   // Record numbers of files; a column of that name elsewhere.
   ExpectRows(Called(world, u"points"), u"\"FID\" > 5", "67", "record numbers");
   ExpectRefusal(Called(world, u"gpkg"), u"\"FID\" > 3", "record numbers of a database");
   ExpectRows(Called(world, u"gpkg"), u"\"id\" > 6", "67", "identifiers of a database");
 }
 
-void SelectionsUnderFilters(World& world) {
-  for (const Text& name : kTables) {
+void LayersWithoutData(World& world) {
+  const Ref<ILayer> gone = LayerNamed(world, u"gone");
+  Expect(!gone->Valid() && gone.Offers<IFeatureLayer>(), "a layer whose file is gone");
+  const Ref<ISelectionSet> selected = gone.As<ITableSelection>()->SelectionSet();
+  Expect(!selected || selected->Count() == 0, "nothing of it is selected");
+  bool failed = false;
+  try {
+    gone.As<ITable>()->Search({}, true);
+  } catch (const Failure& failure) {
+    failed = !failure.Description.empty();
+  }
+  Expect(failed, "a layer without data can't be searched");
+}
+
+void ClausesOnServers(World& world) {
+  ExpectClauses(world, kServerTables);
+  const Ref<IObject> table = Called(world, u"server");
+  ExpectRefusal(table, u"\"name\" = 'Alpha'", "a name in another case");
+  ExpectRefusal(table, u"\"VAL\" / 0 > 1", "what can't be reckoned");
+  ExpectRows(table, u"abs(\"VAL\") > 30 AND \"DAY\" > date '2000-01-01'", "7", "functions");
+  ExpectEqual(table.As<IFeatureLayer>()->DataSourceType(), u"PostgreSQL Feature Class", "its kind");
+}
+
+/// What touches the box from 1.5 to 3.5, on layers of points along a line.
+void ShapesOnServers(World& world) {
+  for (const Text& name : kServerTables) {
+    const Ref<IObject> layer = Called(world, name);
+    world.SetTab(u"Display");
+    world.Pick({layer});
+    world.SetGraphics({"POLYGON ((1.5 0, 3.5 0, 3.5 2, 1.5 2, 1.5 0))", "POINT (8 1)"});
+    const auto graphics =
+        world.Document()->FocusMap()->ActiveGraphicsLayer().As<IGraphicsContainerSelect>();
+    const auto shapes = graphics->SelectedElements();
+    layer.As<IFeatureSelection>()->Clear();
+    while (const Ref<IElement> shape = shapes->Next()) {
+      const auto filter = New<ISpatialFilter>();
+      filter->GeometryField = u"Shape";
+      filter->SpatialRel = 1;
+      filter->Geometry = shape->Geometry();
+      layer.As<IFeatureSelection>()->SelectFeatures(filter, SelectionMethod::Add, false);
+    }
+    ExpectEqual(Selected(layer), "127", ToUtf8(name) + ": what the shapes touch");
+  }
+}
+
+void ExpectSelections(World& world, const Names& tables) {
+  for (const Text& name : tables) {
     const Ref<IObject> table = Called(world, name);
     const std::string what = ToUtf8(name);
     const Ref<ITableDefinition> definition = table.As<ITableDefinition>();
@@ -120,6 +174,9 @@ void SelectionsUnderFilters(World& world) {
     ExpectEqual(Selected(table), "01456", what + ": hidden rows stay selected");
   }
 }
+
+void SelectionsUnderFilters(World& world) { ExpectSelections(world, kTables); }
+void SelectionsOnServers(World& world) { ExpectSelections(world, kServerTables); }
 
 void ClearingAFilterOfTheProject(World& world) {
   const Ref<IObject> table = Called(world, u"filtered");
@@ -151,8 +208,8 @@ void TypesOfDelimitedText(World& world) {
   ExpectRows(plain, u"\"VAL\" = '1.5'", "06", "a number as text");
 }
 
-void UniqueValuesOfEachKind(World& world) {
-  for (const Text& name : kTables) {
+void ExpectUniqueValues(World& world, const Names& tables) {
+  for (const Text& name : tables) {
     const Ref<IObject> table = Called(world, name);
     for (const auto& [field, due] :
          {std::pair<Text, std::int32_t>{u"NAME", 7}, {u"VAL", 6}, {u"cnt", 5}, {u"DAY", 7}}) {
@@ -168,6 +225,9 @@ void UniqueValuesOfEachKind(World& world) {
         failure::kInvalidCall, [&] { none->UniqueValueCount(); }, "values of no field");
   }
 }
+
+void UniqueValuesOfEachKind(World& world) { ExpectUniqueValues(world, kTables); }
+void UniqueValuesOnServers(World& world) { ExpectUniqueValues(world, kServerTables); }
 
 /// A new table of the map, deleted again with its files by the runner's fresh module.
 Ref<IStandaloneTable> Summary(World& world, const Ref<IObject>& of, const Text& field,
@@ -186,9 +246,9 @@ Ref<IStandaloneTable> Summary(World& world, const Ref<IObject>& of, const Text& 
   return table;
 }
 
-void Summaries(World& world) {
+void ExpectSummaries(World& world, const Names& names) {
   int number = 0;
-  for (const Text& name : kTables) {
+  for (const Text& name : names) {
     const std::string what = ToUtf8(name);
     const Ref<IObject> of = Called(world, name);
     const auto table = Summary(world, of, u"NAME", u"Minimum.NAME, Count.NAME, Sum.BIG, Sum.VAL",
@@ -212,6 +272,9 @@ void Summaries(World& world) {
     Expect(table.As<IClass>()->Fields()->FieldCount() == 4, what + ": columns");
   }
 }
+
+void Summaries(World& world) { ExpectSummaries(world, kTables); }
+void SummariesOnServers(World& world) { ExpectSummaries(world, kServerTables); }
 
 void MembersOfTheMap(World& world) {
   const Ref<IMaps> maps = world.Document()->Maps();
@@ -244,12 +307,22 @@ void MembersOfTheMap(World& world) {
 
 std::vector<Case> KindCases() {
   return {{"clauses of every kind", Clauses, kKinds},
+          {"layers without data", LayersWithoutData, kKinds},
           {"selections under filters", SelectionsUnderFilters, kKinds},
           {"clearing a filter of the project", ClearingAFilterOfTheProject, kKinds},
           {"types of delimited text", TypesOfDelimitedText, kKinds},
           {"unique values of every kind", UniqueValuesOfEachKind, kKinds},
           {"summaries of every kind", Summaries, kKinds},
           {"members of the map", MembersOfTheMap, kKinds}};
+}
+
+std::vector<Case> ServerCases() {
+  return {{"clauses on servers", ClausesOnServers, kServers},
+          {"shapes on servers", ShapesOnServers, kServers},
+          {"selections on servers", SelectionsOnServers, kServers},
+          {"clearing a filter of a server s layer", ClearingAFilterOfTheProject, kServers},
+          {"unique values on servers", UniqueValuesOnServers, kServers},
+          {"summaries on servers", SummariesOnServers, kServers}};
 }
 
 }  // namespace brelmon::contract

@@ -2,6 +2,7 @@
 // Changes of the map: layers and tables that come and go, frames, extents, layer files, windows.
 #include "platform/windows.h"
 #include "tests/contract/contract.h"
+#include "toolkit/form.h"
 
 namespace brelmon::contract {
 namespace {
@@ -111,6 +112,21 @@ void TableWindows(World& world) {
   Expect(!world.Objects().NewTableWindow()->FindViaFeatureLayer(quakes, false), "it is closed");
 }
 
+class Sized : public Form {
+ public:
+  Sized() : Form(u"frmSized") {}
+  void Design() override { Form::Design(u"Sized", 1012.5F, 1005, false); }
+};
+
+void FramesInPixels(World& world) {
+  const auto form = New<Sized>();
+  const Ref<IModelessFrame> frame = world.Objects().NewModelessFrame();
+  frame->Create(form);
+  Expect(!frame->Visible(), "a new frame is hidden");
+  ExpectEqual(frame.As<IWindowPosition>()->Width(), 68, "pixels are rounded");
+  ExpectEqual(frame.As<IWindowPosition>()->Height(), 67, "whole pixels");
+}
+
 }  // namespace
 
 std::vector<Case> MapCases() {
@@ -118,7 +134,8 @@ std::vector<Case> MapCases() {
           AnyWorld("new frames", NewFrames),
           {"extents", Extents},
           {"layer files", LayerFiles},
-          AnyWorld("table windows", TableWindows)};
+          AnyWorld("table windows", TableWindows),
+          {"frames in pixels", FramesInPixels}};
 }
 
 }  // namespace brelmon::contract

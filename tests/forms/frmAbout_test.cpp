@@ -3,8 +3,10 @@
 
 #include <gtest/gtest.h>
 
-#include "forms/aboutconfig.h"
+#include "forms/aboutpages.h"
 #include "forms/cmdAbout.h"
+#include "frame/commandtable.h"
+#include "frame/configuration.h"
 #include "frame/errorhandling.h"
 #include "tests/support/fake_world.h"
 
@@ -47,9 +49,22 @@ TEST(About, LinksTurnRedUnderTheMouseAndOpenPages) {
   about->picMakerLogo.UserClick();
   about->lblSponsor2.UserClick();
   ASSERT_EQ(world.executed.size(), 3u);
-  EXPECT_EQ(world.executed[0].file, about::kMakerPage);
-  EXPECT_EQ(world.executed[1].file, about::kMakerPage);
-  EXPECT_EQ(world.executed[2].file, about::kSponsorPage);
+  EXPECT_EQ(world.executed[0].file, PageAddress(configuration::kMakerPage));
+  EXPECT_EQ(world.executed[1].file, world.executed[0].file);
+  EXPECT_EQ(world.executed[2].file, PageAddress(configuration::kSponsorPage));
+}
+
+TEST(About, PagesAreAddressesOrDocumentsOfTheComponentsOwnInstallation) {
+  FakeWorld world;
+  EXPECT_EQ(PageAddress(u"a.html"), u"");
+  world.registry[u"CR\\CLSID\\" + ToText(CommandNamed(u"cmdAbout").ClassId) +
+                 u"\\InprocServer32\\"] = u"Z:\\own place\\lib\\x\\tools\\component.so";
+  const Text documents = PageAddress(u"docs/ä #1.html");
+  EXPECT_TRUE(documents.starts_with(u"file:///Z:/own%20place/")) << ToUtf8(documents);
+  EXPECT_TRUE(documents.ends_with(u"/docs/%C3%A4%20%231.html")) << ToUtf8(documents);
+  EXPECT_EQ(PageAddress(u"https://example.org/?a=b"), u"https://example.org/?a=b");
+  EXPECT_EQ(PageAddress(u""), u"");
+  EXPECT_EQ(FileUrl(u"Z:\\a\\.\\b\\..\\..\\..\\c/d"), u"file:///Z:/c/d");
 }
 
 TEST(About, SystemInformationFollowsTheRegistry) {

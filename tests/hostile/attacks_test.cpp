@@ -81,6 +81,7 @@ std::string VirtualTable(const std::string& module) {
 
 constexpr const char* kFormat = "its format is none that is read";
 constexpr const char* kNoFile = "it is no file of this computer";
+constexpr const char* kAllow = "is not called unless you allow it: --server 127.0.0.1";
 constexpr const char* kNotThere = "there is no such file";
 constexpr const char* kOption = "its open option PRELUDE_STATEMENTS is not allowed";
 constexpr const char* kTable = "its table \"it\" stands for something outside of it";
@@ -108,6 +109,10 @@ std::vector<Attack> Attacks() {
       {"MsSql", "ogr", "MSSQL:server=./data/probe.so;driver=./data/probe.so", kNotThere},
       {"PGeo", "ogr", "PGEO:DRIVER=./data/probe.so", kNotThere},
       {"PostgreSql", "ogr", "PG:host=127.0.0.1 port=9", kNotThere},
+      {"TableOfAServer", "postgres", "host=127.0.0.1 port=9 dbname='x' table=\"it\"", kAllow},
+      {"TableBehindAService", "postgres", "service='x' host=127.0.0.1 port=9 table=\"it\"", kAllow},
+      {"TableOfANumber", "postgres", "host='/tmp' hostaddr=127.0.0.1 port=9 table=\"it\"",
+       "number"},
       {"MySql", "ogr", "MYSQL:x,host=127.0.0.1,port=9", kNotThere},
       {"Wfs", "ogr", "WFS:http://" + kServer, kNoFile},
       {"Web", "ogr", web, kNoFile},

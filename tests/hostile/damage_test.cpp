@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <functional>
@@ -123,6 +124,89 @@ TEST(Limits, FewFilesOpenAreToldAsWhatTheyAre) {
       Supervise({"/bin/bash", "-c", closed + "ulimit -n 5; exec " + program}, module.Path());
   EXPECT_NE(watched.err.find("too many files are open"), std::string::npos)
       << watched.out << watched.err;
+}
+
+/// As somebody who may not: root is made nobody.
+Watched RunAsNobody(const HostileModule& module, const std::vector<std::string>& action) {
+  fs::permissions(module.Path(), fs::perms(0755));
+  std::vector<std::string> words;
+  if (::geteuid() == 0) {
+    words = {"/usr/bin/setpriv", "--reuid", "65534", "--regid", "65534", "--clear-groups"};
+  }
+  for (const std::string& word : {std::string(BRELMON_PROGRAM), module.Path()}) {
+    words.push_back(word);
+  }
+  words.insert(words.end(), action.begin(), action.end());
+  return Supervise(words, module.Path());
+}
+
+TEST(Permissions, WhatMayNotBeReadIsNamed) {
+  struct Row {
+    const char *file, *told;
+    std::vector<std::string> action;
+  };
+  const Row rows[] = {
+      {"data/quakes.shp", "ermission denied", {"statistics", "it", "mag", "--all"}},
+      {"data/quakes.dbf", "ermission denied", {"statistics", "it", "mag", "--all"}},
+      {"data/quakes.shx", "ermission denied", {"values", "it", "mag"}},
+      {"data/quakes.dbf", "\"it\"", {"check"}},
+      {"QuickLoad.txt", "QuickLoad.txt", {"check"}},
+      {"QuickLoad.txt", "QuickLoad.txt", {"quickload", "list"}},
+      {"media_list.txt", "media_list.txt", {"check"}},
+      {"media_list.txt", "media_list.txt", {"media", "list"}},
+      {"map.qgs", "map.qgs", {"contents"}},
+  };
+  for (const Row& row : rows) {
+    const HostileModule module;
+    module.Layer("ogr", "./data/quakes.shp");
+    module.Write("QuickLoad.txt", "<Query>\r\nfirst\r\nmag > 6\r\n");
+    const Watched allowed = RunAsNobody(module, row.action);
+    EXPECT_EQ(allowed.status, 0) << row.file << allowed.out << allowed.err;
+    fs::permissions(module.Path(row.file), fs::perms::none);
+    const Watched watched = RunAsNobody(module, row.action);
+    EXPECT_EQ(watched.status, 1) << row.file << watched.out << watched.err;
+    const std::string all = watched.out + watched.err;
+    EXPECT_NE(all.find(row.told), std::string::npos) << row.file << row.action[0] << all;
+    EXPECT_EQ(watched.out.find("Total"), std::string::npos) << watched.out;
+  }
+}
+
+TEST(Limits, LayersByTheHundredNeedFewOpenFiles) {
+  constexpr int kLayers = 300;
+  const HostileModule module;
+  std::string tree, layers;
+  for (int i = 0; i < kLayers; ++i) {
+    const std::string name = "t" + std::to_string(i);
+    fs::create_hard_link(module.Path("data/quakes.dbf"), module.Path("data/" + name + ".dbf"));
+    tree += "<layer-tree-layer id=\"" + name + "\" name=\"" + name + "\"/>";
+    layers += "<maplayer type=\"vector\"><id>" + name + "</id><layername>" + name +
+              "</layername><datasource>./data/" + name +
+              ".dbf</datasource><provider>ogr</provider></maplayer>";
+  }
+  module.Write("map.qgs", "<qgis><layer-tree-group>" + tree + "</layer-tree-group><projectlayers>" +
+                              layers + "</projectlayers></qgis>");
+  const Watched watched = Supervise(
+      {"/bin/bash", "-c", "ulimit -n 128; exec " + std::string(BRELMON_PROGRAM) + " . contents"},
+      module.Path());
+  std::size_t valid = 0;
+  for (std::size_t at = 0; (at = watched.out.find("  1707", at)) != std::string::npos; ++at) {
+    ++valid;
+  }
+  EXPECT_EQ(valid, std::size_t{kLayers}) << watched.out.substr(0, 400) << watched.err;
+  EXPECT_EQ(watched.status, 0) << watched.err;
+}
+
+/// A few letters of a clause that ask for a text of hundreds of millions.
+TEST(Limits, AClauseDoesNotFillTheMemory) {
+  const HostileModule module;
+  module.Database("data/a.sqlite", "CREATE TABLE it (n INTEGER); INSERT INTO it VALUES (1)");
+  module.Layer("ogr", "./data/a.sqlite|layername=it");
+  std::string text = "'aaaaaaaaaa'";
+  for (int i = 0; i < 7; ++i) text = "replace(" + text + ",'a','aaaaaaaaaa')";
+  text = "length(replace(" + text + ",'a','aaaaaaaaa')) > n";
+  const Watched watched =
+      Supervise({BRELMON_PROGRAM, module.Path(), "query", "it", text, "--new"}, module.Path());
+  EXPECT_EQ(watched.status, 1) << watched.out;
 }
 
 TEST(Limits, GroupsNestedWithoutEndAreRefused) {

@@ -12,9 +12,11 @@
 #include <sys/socket.h>
 #include <sys/syscall.h>
 #include <sys/un.h>
+#include <sys/user.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstring>
 #include <filesystem>
@@ -37,10 +39,34 @@ constexpr long kCalls[] = {
 #endif
 };
 
-void InstallFilter() {
+#ifdef __x86_64__
+/// In place of the call, which is not made.
+void Return(pid_t process, long value) {
+  user_regs_struct registers{};
+  ::ptrace(PTRACE_GETREGS, process, nullptr, &registers);
+  registers.orig_rax = static_cast<unsigned long long>(-1);
+  registers.rax = static_cast<unsigned long long>(value);
+  ::ptrace(PTRACE_SETREGS, process, nullptr, &registers);
+}
+void AskForHalf(pid_t process) {
+  user_regs_struct registers{};
+  ::ptrace(PTRACE_GETREGS, process, nullptr, &registers);
+  registers.rdx = (registers.rdx + 1) / 2;
+  ::ptrace(PTRACE_SETREGS, process, nullptr, &registers);
+}
+#else
+void Return(pid_t, long) {}
+void AskForHalf(pid_t) {}
+#endif
+
+void InstallFilter(const Fault* fault) {
   std::vector<sock_filter> program{BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr))};
   for (const long call : kCalls) {
     program.push_back(BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, static_cast<__u32>(call), 0, 1));
+    program.push_back(BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_TRACE));
+  }
+  if (fault != nullptr) {
+    program.push_back(BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, static_cast<__u32>(fault->call), 0, 1));
     program.push_back(BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_TRACE));
   }
   // Of what is mapped only code matters.
@@ -55,7 +81,7 @@ void InstallFilter() {
 }
 
 [[noreturn]] void BeTheChild(const std::vector<std::string>& command, const std::string& own,
-                             const TempFolder& streams) {
+                             const TempFolder& streams, const Fault* fault) {
   const auto redirect = [&](int descriptor, const char* name, int flags) {
     ::dup2(::open(streams.Path(name).c_str(), flags | O_CLOEXEC, 0600), descriptor);
   };
@@ -71,15 +97,19 @@ void InstallFilter() {
   ::alarm(kSeconds);
   ::ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
   ::raise(SIGSTOP);
-  InstallFilter();
+  InstallFilter(fault);
   ::execv(words[0], words.data());
   ::_exit(127);
 }
 
 class Tracer {
  public:
-  Tracer(pid_t child, std::string own, Watched& watched)
-      : child_(child), own_(std::move(own)), watched_(watched) {}
+  Tracer(pid_t child, std::string own, Watched& watched, std::string printed, Fault* fault)
+      : child_(child),
+        own_(std::move(own)),
+        watched_(watched),
+        printed_(std::move(printed)),
+        fault_(fault) {}
 
   void Run() {
     int state = 0;
@@ -112,7 +142,9 @@ class Tracer {
     const auto at = [&](int folder, int path) {
       return PathOf(process, static_cast<int>(args[folder]), TextAt(process, args[path]));
     };
-    switch (static_cast<long>(info.seccomp.nr)) {
+    const long call = static_cast<long>(info.seccomp.nr);
+    if (fault_ != nullptr && call == fault_->call) Break(process, static_cast<int>(args[0]));
+    switch (call) {
       case SYS_socket:
         if (args[0] != AF_UNIX) Add("socket " + std::to_string(args[0]));
         return;
@@ -145,8 +177,18 @@ class Tracer {
         return NoteWriting(Here(process, args[1]));
 #endif
       default:
+        if (fault_ != nullptr && call == fault_->call) return;
         return NoteWriting(Here(process, args[0]));
     }
+  }
+
+  void Break(pid_t process, int descriptor) {
+    const std::string file = Link(process, "fd/" + std::to_string(descriptor));
+    if (!file.starts_with(own_ + "/") && file != printed_) return;
+    ++fault_->seen;
+    if (fault_->seen < fault_->nth || (fault_->once && fault_->seen > fault_->nth)) return;
+    if (fault_->error == 0) return AskForHalf(process);
+    Return(process, -fault_->error);
   }
 
   void NoteProgram(const std::string& path) {
@@ -204,20 +246,31 @@ class Tracer {
   pid_t child_;
   std::string own_;
   Watched& watched_;
+  std::string printed_;
+  Fault* fault_;
   bool started_ = false;
 };
 
 }  // namespace
 
+bool CanInject() {
+#ifdef __x86_64__
+  return true;
+#else
+  return false;
+#endif
+}
+
 Watched Supervise(const std::vector<std::string>& command, const std::string& own,
-                  const std::string& input) {
+                  const std::string& input, Fault* fault) {
   const TempFolder streams;
   streams.Write("in", input);
   const pid_t child = ::fork();
   if (child < 0) throw std::runtime_error("can't fork");
-  if (child == 0) BeTheChild(command, own, streams);
+  if (child == 0) BeTheChild(command, own, streams, fault);
   Watched watched;
-  Tracer(child, std::filesystem::canonical(own).string(), watched).Run();
+  const std::string printed = std::filesystem::canonical(streams.Path()).string() + "/out";
+  Tracer(child, std::filesystem::canonical(own).string(), watched, printed, fault).Run();
   if (watched.status == 126) throw std::runtime_error("can't run without a network or a filter");
   watched.out = BytesOf(streams.Path("out"));
   watched.err = BytesOf(streams.Path("err"));

@@ -11,6 +11,7 @@
 
 #include "cli/signals.h"
 #include "hosts/columns/unfinished.h"
+#include "hosts/common/filesystem.h"
 #include "tests/hostile/hostilemodule.h"
 #include "tests/hostile/supervisor.h"
 
@@ -47,6 +48,27 @@ TEST(QuickLoad, ProgramsThatAddAtOnceLoseNothing) {
       << listed.out.substr(0, 500) << listed.err;
 }
 
+TEST(QuickLoad, WhoAddsWaitsForARewrite) {
+  const HostileModule module;
+  const std::string list = module.Write("QuickLoad.txt", "old\r\n");
+  const host::Paths paths;
+  const auto files = host::NewFileSystem();
+  const auto anew = files->Open(paths.ToWindows(list), FileMode::Output);
+  const pid_t child = ::fork();
+  if (child == 0) {
+    const auto adding = host::NewFileSystem()->Open(paths.ToWindows(list), FileMode::Append);
+    adding->Write("added\r\n");
+    adding->Close();
+    ::_exit(0);
+  }
+  for (int i = 0; i < 1000; ++i) anew->Write("kept\r\n");
+  anew->Close();
+  ::waitpid(child, nullptr, 0);
+  const std::string whole = BytesOf(list);
+  EXPECT_EQ(whole.size(), 1000 * 6 + 7u);
+  EXPECT_TRUE(whole.ends_with("kept\r\nadded\r\n"));
+}
+
 TEST(QuickLoad, ARecordThatDoesNotFitIsTakenBack) {
   const HostileModule module;
   module.Layer("ogr", "./data/quakes.shp");
@@ -72,6 +94,30 @@ TEST(QuickLoad, IsNotWrittenThroughALink) {
   for (const std::string& deed : watched.deeds) ADD_FAILURE() << deed;
   EXPECT_EQ(watched.status, 1) << watched.err;
   EXPECT_EQ(BytesOf(other.Path("theirs.txt")), "theirs\r\n\xEF\xBB\xBF\n");
+}
+
+/// At each of the calls that write the list anew.
+TEST(QuickLoad, ARewriteThatIsKilledIsToldByTheNextCheck) {
+  const std::string record = "<Query>\r\nq\r\nmag > 5\r\n";
+  for (int writes = 0; writes <= 4; ++writes) {
+    const HostileModule module;
+    module.Layer("ogr", "./data/quakes.shp");
+    const std::string list = module.Write("QuickLoad.txt", record + record + record);
+    const pid_t child = ::fork();
+    if (child == 0) {
+      const host::Paths paths;
+      const auto files = host::NewFileSystem();
+      const auto stream = files->Open(paths.ToWindows(list), FileMode::Output);
+      for (int i = 0; i < writes; ++i) stream->Write(i == 0 ? "<Query>\r\n" : "q\r\n");
+      ::raise(SIGKILL);
+    }
+    ::waitpid(child, nullptr, 0);
+    const Watched checked = Supervise({BRELMON_PROGRAM, module.Path(), "check"}, module.Path());
+    EXPECT_EQ(checked.status, 1) << checked.out;
+    const std::string due = "QuickLoad.txt:" + std::to_string(writes + 1) +
+                            ": a program that wrote the file anew was stopped";
+    EXPECT_NE(checked.out.find(due), std::string::npos) << writes << checked.out;
+  }
 }
 
 /// What a killed run left is gone at the next, what a living one writes stays, and a link that lies

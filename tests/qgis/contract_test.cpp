@@ -27,5 +27,11 @@ TEST_P(Contract, Holds) { ExpectHolds<QgisWorld>(GetParam()); }
 
 INSTANTIATE_TEST_SUITE_P(ContractOfQgis, Contract, testing::ValuesIn(AllCases()), NameOf);
 
+class Servers : public testing::TestWithParam<Case> {};
+
+TEST_P(Servers, Hold) { ExpectHolds<QgisWorld>(GetParam()); }
+
+INSTANTIATE_TEST_SUITE_P(ServersOfQgis, Servers, testing::ValuesIn(ServerCases()), NameOf);
+
 }  // namespace
 }  // namespace brelmon::contract

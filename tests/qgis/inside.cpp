@@ -266,7 +266,10 @@ void TakePicture(const QString& name, QWidget* window) {
   if (folder.isEmpty()) return;
   QTest::qWait(300);
   QPixmap picture = QApplication::primaryScreen()->grabWindow(0);
-  if (window) picture = picture.copy(window->frameGeometry());
+  if (window) {
+    const QRect place(window->mapToGlobal(QPoint()), window->size());
+    picture = picture.copy(window->isWindow() ? window->frameGeometry() : place);
+  }
   picture.save(folder + QLatin1Char('/') + name + QStringLiteral(".png"));
 }
 

@@ -63,8 +63,8 @@ void ClickRow(QWidget* list, int row, Qt::KeyboardModifiers keys = Qt::NoModifie
 /// Whether a window takes input now; asked of the window system's side, where modality is decided.
 bool TakesInput(QWidget* window);
 
-/// Writes a picture of the whole screen, or of one window with its frame, if pictures are asked
-/// for.
+/// Writes a picture of the whole screen, of one window with its frame, or of one widget, if
+/// pictures are asked for.
 void TakePicture(const QString& name, QWidget* window = nullptr);
 
 /// Stands in for the program that opens files and addresses, from now on.

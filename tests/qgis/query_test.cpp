@@ -91,7 +91,7 @@ TEST(Query, ClassExampleByClicksSelects) {
   OpenModule();
   InDialog([](QWidget* dialog) {
     Build(dialog);
-    TakePicture(QStringLiteral("query"));
+    TakePicture(QStringLiteral("query"), dialog);
     Click(Control<QPushButton>(dialog, "cmdNewSet"));
     EXPECT_TRUE(WaitFor([&] { return Quakes().selectedFeatureCount() > 0; }));
     EXPECT_TRUE(WaitFor([&] {

@@ -166,6 +166,16 @@ TEST(Shortcuts, MediaOpenInTheSystemsPrograms) {
     EXPECT_TRUE(refusal.startsWith(QStringLiteral("Unable to find the Movie located at ")))
         << refusal.toStdString();
     EXPECT_TRUE(dialog->isVisible());
+
+    qputenv("BRELMON_OPENER", "/bin/false");
+    ClickOption(dialog, "optPDFs");
+    ClickRow(list, 0);
+    QString complaint;
+    AnswerBox(QMessageBox::Ok, &complaint);
+    Click(ok);
+    EXPECT_TRUE(WaitFor([&] { return !complaint.isEmpty(); })) << "nothing opens, nothing is told";
+    EXPECT_TRUE(complaint.startsWith(InModule("docs/worksheet.pdf") + " was not opened. "))
+        << complaint.toStdString();
     Click(Control<QPushButton>(dialog, "cmdCancel"));
   });
 }

@@ -37,7 +37,7 @@ QString ReportOf(const QString& cli) {
 TEST(Statistics, FromToolButtonToReport) {
   OpenModule();
   Pick({FirstLayer()});
-  TakePicture(QStringLiteral("toolbar"));
+  TakePicture(QStringLiteral("toolbar"), ToolButton("cmdStats")->parentWidget());
   ClickAndDo("cmdStats", QStringLiteral("brelmon_ThemeIDDialog"), [](QWidget* dialog) {
     auto* ok = Control<QPushButton>(dialog, "cmdOK");
     EXPECT_FALSE(ok->isEnabled());
@@ -45,7 +45,7 @@ TEST(Statistics, FromToolButtonToReport) {
     ClickRow(Control<QWidget>(dialog, "lbxField"), 0);
     ClickRow(Control<QWidget>(dialog, "lbxField"), 1, Qt::ControlModifier);
     EXPECT_TRUE(WaitFor([&] { return ok->isEnabled(); }));
-    TakePicture(QStringLiteral("statistics"));
+    TakePicture(QStringLiteral("statistics"), dialog);
     QTest::keyClick(dialog->focusWidget(), Qt::Key_O, Qt::AltModifier);
     if (dialog->isVisible()) Click(ok);
   });
@@ -56,7 +56,7 @@ TEST(Statistics, FromToolButtonToReport) {
   EXPECT_TRUE(
       text->toPlainText().startsWith(QStringLiteral("Statistics on Field \"MAG\" in quakes:")))
       << text->toPlainText().toStdString();
-  TakePicture(QStringLiteral("report"));
+  TakePicture(QStringLiteral("report"), report);
 
   const QString cli = qEnvironmentVariable("BRELMON_CLI");
   if (!cli.isEmpty()) {

@@ -86,7 +86,7 @@ TEST(Summary, QuakesByNetworkByClicks) {
     Choose(dialog, "cbxFieldName", QStringLiteral("NET"));
     Tick(dialog, QStringLiteral("MAG"), QStringLiteral("Maximum"));
     Tick(dialog, QStringLiteral("MAG"), QStringLiteral("Average"));
-    TakePicture(QStringLiteral("summarize"));
+    TakePicture(QStringLiteral("summarize"), dialog);
     Tick(dialog, QStringLiteral("DAY"), QStringLiteral("Last"));
     Tick(dialog, QStringLiteral("Place"), QStringLiteral("First"));
     TypePath(dialog, path);
@@ -104,7 +104,7 @@ TEST(Summary, QuakesByNetworkByClicks) {
     }
     return window != nullptr;
   }));
-  TakePicture(QStringLiteral("summary_table"));
+  TakePicture(QStringLiteral("summary_table"), window);
   if (!qEnvironmentVariableIsSet("BRELMON_CLI")) return;
   EXPECT_TRUE(Undated(path) == OnCommandLine("--stat Maximum:MAG --stat Average:MAG "
                                              "--stat First:PLACE --stat Last:DAY"));

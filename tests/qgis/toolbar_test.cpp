@@ -120,12 +120,16 @@ TEST(Toolbar, FollowsTheLayersPanel) {
   Pick({LayerAt(1)});
   EXPECT_TRUE(Follows("OpenTable", false)) << "a group is nothing to act on";
   EXPECT_TRUE(Follows("cmdDeleteSelLayers", false));
-  Pick({LayerAt(3)});
-  EXPECT_TRUE(Follows("OpenTable", true)) << "validity is not looked at";
-  EXPECT_TRUE(Follows("cmdSelectSwitch", false));
   Pick({Ref<IObject>(Document()->FocusMap())});
   EXPECT_TRUE(Follows("cmdDeleteSelLayers", true));
   EXPECT_TRUE(Follows("OpenTable", false));
+}
+
+TEST(Toolbar, FollowsALayerWithoutData) {
+  OpenModule(QStringLiteral("kinds/kinds.qgs"));
+  Pick({LayerCalled(u"gone")});
+  EXPECT_TRUE(Follows("OpenTable", true)) << "validity is not looked at";
+  EXPECT_TRUE(Follows("cmdSelectSwitch", false));
 }
 
 TEST(Toolbar, FollowsSelections) {

@@ -28,7 +28,7 @@ TEST(Tools, QueryTypedByHandSelectsThenFilters) {
     const QRect first = fields->visualRect(fields->model()->index(0, 0));
     QTest::mouseDClick(fields->viewport(), Qt::LeftButton, {}, first.center());
     EXPECT_EQ(query->toPlainText(), QStringLiteral("( \"MAG\" )"));
-    EXPECT_TRUE(query->hasFocus());
+    EXPECT_TRUE(WaitFor([&] { return query->hasFocus(); }));
     QTest::keyClicks(query, QStringLiteral(" >= 5.5"));
     EXPECT_EQ(query->toPlainText(), QStringLiteral("( \"MAG\" >= 5.5 )"));
     Click(Control<QPushButton>(dialog, "cmdAnd"));

@@ -32,7 +32,7 @@ TEST(Windows, AFrameOpenedFromAModalFormTakesInput) {
     Click(Control<QPushButton>(dialog, "cmdHelp"));
     QWidget* help = Window(QStringLiteral("frmSumHelp"));
     ASSERT_TRUE(help);
-    TakePicture(QStringLiteral("summarize_help"));
+    TakePicture(QStringLiteral("summarize_help"), help);
     EXPECT_TRUE(TakesInput(help));
     EXPECT_TRUE(TakesInput(dialog));
     EXPECT_FALSE(TakesInput(Access().iface->mainWindow()));
@@ -170,22 +170,19 @@ TEST(Windows, QgisSummarizeDialogOpensOnTheField) {
   auto* action = Access().iface->mainWindow()->findChild<QAction*>(QStringLiteral("cmdSummarize"));
   ASSERT_TRUE(WaitFor([&] { return action->isEnabled(); }));
   bool shown = false;
-  QTimer::singleShot(0, [&] {
-    QWidget* dialog = nullptr;
-    WaitFor([&] {
-      for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (window->isVisible() &&
-            window->windowTitle() == QLatin1String("Statistics by categories"))
-          dialog = window;
-      }
-      return dialog != nullptr;
-    });
-    if (!dialog) return;
-    QTest::qWait(100);
-    TakePicture(QStringLiteral("host_summarize"));
-    shown = true;
-    dialog->close();
+  // Looks again and again: the dialog is made in the middle of events that must not be held up.
+  QTimer look;
+  QObject::connect(&look, &QTimer::timeout, [&] {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+      const bool due = window->windowTitle() == QLatin1String("Statistics by categories");
+      if (!due || !window->isVisible() || !window->isModal()) continue;
+      look.stop();
+      TakePicture(QStringLiteral("host_summarize"));
+      shown = true;
+      window->close();
+    }
   });
+  look.start(100);
   action->trigger();
   EXPECT_TRUE(WaitFor([&] { return shown; }));
 }

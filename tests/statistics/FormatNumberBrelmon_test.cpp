@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <map>
+#include <random>
 
 #include "platform/number.h"
 #include "statistics/BrelmonFunctions.h"
@@ -61,6 +62,41 @@ TEST(FormatNumberBrelmon, PlainNamedAndFractions) {
       texts += ToUtf8(FormatNumberBrelmon(value, names, row.decimals)) + "; ";
     }
     EXPECT_EQ(texts, row.texts);
+  }
+  EXPECT_EQ(Trails(world), "");
+}
+
+/// What a reader of the words takes the number for.
+double NumberIn(const std::string& words, const std::map<std::string, std::string>& powers) {
+  std::string digits;
+  for (const char unit : words.substr(0, words.find(' ')))
+    digits += unit == ',' ? "" : std::string(1, unit);
+  const auto blank = words.find(' ');
+  return std::stod(blank == std::string::npos ? digits
+                                              : digits + "e" + powers.at(words.substr(blank + 1)));
+}
+
+TEST(FormatNumberBrelmon, ReadsAsTheNumberItWas) {
+  const FakeWorld world;
+  const auto names = MakeNumNameDictionary();
+  std::map<std::string, std::string> powers;
+  for (int power = -303; power <= 303; ++power) {
+    const Text key = GeneralText(power);
+    if (names->Has(key)) powers[ToUtf8(names->Item(key)[0])] = ToUtf8(key);
+  }
+  std::mt19937_64 random(25);
+  for (int i = 0; i < 20000; ++i) {
+    const auto decimals = static_cast<std::int16_t>(random() % 9);
+    const int power = static_cast<int>(random() % 606) - 303 - 6;
+    const double size =
+        std::stod(std::to_string(1000000 + random() % 9000000) + "e" + std::to_string(power));
+    const double value = random() % 2 ? size : -size;
+    const std::string words = ToUtf8(FormatNumberBrelmon(value, names, decimals));
+    const double read = NumberIn(words, powers), unit = std::pow(10, -decimals);
+    const bool plain = size >= 0.001 && size <= 999999;
+    // Rounded once in plain digits; before a name the mantissa is, and what stands there again.
+    EXPECT_NEAR(read, value, plain ? unit * 0.500001 : size * unit * 1.000001) << words;
+    EXPECT_EQ(plain, words.find(' ') == std::string::npos) << words;
   }
   EXPECT_EQ(Trails(world), "");
 }

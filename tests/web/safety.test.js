@@ -21,6 +21,7 @@ function hostileSite() {
       item.name = evil + item.name;
       item.picture &&= 'https://example.org/x.png';
       item.aliases = { MAG: evil };
+      item.attribution = `${evil}&copy; nobody`;
     }
   }
   module.frames[0].items[0].symbols = {
@@ -79,6 +80,7 @@ describe('safety', () => {
       await desk.press('brelmon_MediaDialog', 'cmdOK');
       assert.equal(desk.context.pages().length, 1, 'an address of a script opens nothing');
       assert.equal(await desk.page.title(), evil);
+      assert.equal(await desk.page.getByRole('note').innerText(), `${evil}&copy; nobody`);
       assert.equal(await desk.page.locator('img[src=x], #desk script, #windows script').count(), 0);
       const asked = desk.requests.filter(
         (one) => !one.startsWith(desk.server.address) && !/^(data|blob):/u.test(one),

@@ -10,6 +10,9 @@ const top = path.resolve(path.dirname(fileURLToPath(import.meta.url)), '../..');
 export const buildFolder = path.join(top, 'build/web');
 export const siteFolder = path.join(buildFolder, 'site');
 export const sourceFolder = top;
+/** The program whose results the page's must be. */
+export const commandLine =
+  process.env.BRELMON_PROGRAM ?? path.join(top, 'build/release/cli/brelmon');
 /** The browsers that are tested. */
 export const browsers = (process.env.BRELMON_BROWSERS ?? 'chromium firefox').split(' ');
 
@@ -71,23 +74,31 @@ export class Desk {
   requests = [];
 
   /**
-   * @param {{browser?: string, folder?: string, address?: string, query?: string}} options with
-   *   `address` nothing is served
+   * @param {{browser?: string, folder?: string, address?: string, query?: string,
+   *   touch?: boolean}} options with `address` nothing is served, with `touch` it is a tablet
    */
-  static async open({ browser = 'chromium', folder = siteFolder, address, query = '' } = {}) {
+  static async open({
+    browser = 'chromium',
+    folder = siteFolder,
+    address,
+    query = '',
+    touch = false,
+  } = {}) {
     const desk = new Desk();
     desk.kind = browser;
     desk.server = address ? null : await serve(folder);
     desk.browser = await launch(browser);
     desk.context = await desk.browser.newContext({
-      viewport: { width: 1200, height: 760 },
+      ...(touch
+        ? { viewport: { width: 1024, height: 768 }, hasTouch: true, isMobile: true }
+        : { viewport: { width: 1200, height: 760 } }),
       // Not every browser can be told these.
       ...(browser === 'firefox'
         ? { colorScheme: null, reducedMotion: null, forcedColors: null, contrast: null }
         : {}),
     });
     desk.page = await desk.context.newPage();
-    desk.page.setDefaultTimeout(10000);
+    desk.page.setDefaultTimeout(30000);
     desk.context.on('request', (request) => desk.requests.push(request.url()));
     desk.page.on('pageerror', (fault) => desk.faults.push(fault.message));
     desk.page.on('console', (message) => {

@@ -1,16 +1,50 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // What a student does with the sample, by clicks and keys, in every browser.
 import assert from 'node:assert/strict';
+import { execFileSync } from 'node:child_process';
 import fs from 'node:fs';
+import os from 'node:os';
 import path from 'node:path';
 import { after, before, describe, test } from 'node:test';
-import { browsers, Desk, sourceFolder } from './site.js';
+import { browsers, commandLine, Desk, sourceFolder } from './site.js';
 
 const query = 'brelmon_ModQueryDialog';
 const themes = 'brelmon_ThemeIDDialog';
 const summarize = 'frm_Brelmon_Summarize';
 const quickLoad = 'brelmon_QuickJumpDialog';
 const media = 'brelmon_MediaDialog';
+
+/** What the browser has stored of the summary, but for the date that it was written on. */
+async function storedTable(desk) {
+  const bytes = await desk.page.evaluate(
+    () =>
+      new Promise((resolve, reject) => {
+        const request = indexedDB.open('brelmon');
+        request.onerror = () => reject(request.error);
+        request.onsuccess = () => {
+          const all = request.result.transaction('files').objectStore('files').getAll();
+          all.onsuccess = () => {
+            request.result.close();
+            resolve(Array.from(all.result.find((one) => /summary\.dbf$/u.test(one.path)).bytes));
+          };
+        };
+      }),
+  );
+  return Buffer.from(bytes).fill(0, 1, 4);
+}
+
+function summaryByCommandLine() {
+  const folder = fs.mkdtempSync(path.join(os.tmpdir(), 'brelmon-summary-'));
+  try {
+    const file = path.join(folder, 'summary.dbf');
+    const module = path.join(sourceFolder, 'samples/earth');
+    const asked = ['summarize', 'quakes', 'NET', '--stat', 'Maximum:MAG', '--all', '--output'];
+    execFileSync(commandLine, [module, ...asked, file]);
+    return fs.readFileSync(file).fill(0, 1, 4);
+  } finally {
+    fs.rmSync(folder, { recursive: true });
+  }
+}
 
 for (const browser of browsers) {
   describe(`the sample in ${browser}`, () => {
@@ -80,7 +114,8 @@ for (const browser of browsers) {
       const table = desk.form('Table');
       await table.waitFor();
       assert.match(await table.locator('.grid-head').innerText(), /Min_NET.*Cnt_NET.*Max_MAG/su);
-      assert.match(await desk.page.locator('.work-said').innerText(), /kept in this browser/u);
+      await desk.page.getByText('summary.dbf is kept in this browser.').waitFor();
+      assert.deepEqual(await storedTable(desk), summaryByCommandLine());
       await desk.shot('summary-table');
       await desk.closeForm('Table');
     });

@@ -61,7 +61,7 @@ std::int64_t HeadLines(const QgsVectorLayer& layer) {
   return QUrlQuery(UrlOf(layer)).queryItemValue("useHeader") == QLatin1String("no") ? 0 : 1;
 }
 
-bool ReadsAlike(const QgsVectorLayer& layer, data::VectorSource& file, const QString& path) {
+bool ReadsAlike(const QgsVectorLayer& layer, data::TableSource& file, const QString& path) {
   const std::vector<columns::Field> shown = ColumnsOf(layer);
   const auto same = [](const columns::Field& one, const columns::Field& other) {
     return one.Name == other.Name && one.Type == other.Type && one.Stored == other.Stored;
@@ -69,7 +69,7 @@ bool ReadsAlike(const QgsVectorLayer& layer, data::VectorSource& file, const QSt
   if (!std::equal(shown.begin(), shown.end(), file.Fields().begin(), file.Fields().end(), same)) {
     return false;
   }
-  const std::int64_t rows = file.TotalRows();
+  const std::int64_t rows = file.CountRows({});
   if (LinesOf(path) != HeadLines(layer) + rows) return false;
   // QGIS leaves out rows whose place it can't read; under a filter they can't be counted.
   return layer.subsetString().isEmpty() ? layer.featureCount() == rows : !layer.isSpatial();

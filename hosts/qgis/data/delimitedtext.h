@@ -6,7 +6,7 @@
 
 #include <cstdint>
 
-#include "hosts/data/vectorsource.h"
+#include "hosts/data/tablesource.h"
 
 namespace brelmon::qgis {
 
@@ -22,6 +22,6 @@ std::int64_t HeadLines(const QgsVectorLayer& layer);
 
 /// Whether both see the same columns, of the same types, and each row of `file` stands on a line of
 /// its own, so that their numbers differ by the head alone.
-bool ReadsAlike(const QgsVectorLayer& layer, data::VectorSource& file, const QString& path);
+bool ReadsAlike(const QgsVectorLayer& layer, data::TableSource& file, const QString& path);
 
 }  // namespace brelmon::qgis

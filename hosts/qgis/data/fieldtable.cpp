@@ -85,7 +85,7 @@ const FieldFacts& FieldTable::At(std::int32_t index) const {
 }
 
 std::shared_ptr<const FieldTable> FieldsOf(const QgsVectorLayer& layer,
-                                           const data::VectorSource* file) {
+                                           const data::TableSource* file) {
   auto table = std::make_shared<FieldTable>();
   const auto columns = layer.attributeTableConfig().columns();
   const QgsFields fields = layer.fields();

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "hosts/data/vectorsource.h"
+#include "hosts/data/tablesource.h"
 #include "platform/table.h"
 
 namespace brelmon::qgis {
@@ -32,7 +32,7 @@ struct FieldTable {
 /// As the layer's attributes, in their order. A file tells the narrow kinds of number and its
 /// identifiers' column, where there is one.
 std::shared_ptr<const FieldTable> FieldsOf(const QgsVectorLayer& layer,
-                                           const data::VectorSource* file);
+                                           const data::TableSource* file);
 FieldType TypeOf(const QgsField& field);
 
 Ref<IField> FieldObject(const FieldFacts& facts);

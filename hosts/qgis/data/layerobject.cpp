@@ -11,6 +11,7 @@
 #include "hosts/qgis/data/fieldtable.h"
 #include "hosts/qgis/data/vectortable.h"
 #include "hosts/qgis/qgishost.h"
+#include "hosts/qgis/session.h"
 
 namespace brelmon::qgis {
 namespace {
@@ -43,7 +44,7 @@ class TableLayer : public VectorTable,
   using VectorTable::VectorTable;
   Text Name() override { return FromQt(Layer().name()); }
   bool Valid() override { return handle_ && handle_->Valid(); }
-  Ref<ITable> Table() override { return Ref<ITable>(shared_from_this()); }
+  Ref<ITable> Table() override { return handle_ ? Ref<ITable>(shared_from_this()) : Ref<ITable>(); }
   void SetTable(const Ref<ITable>& table) override {
     if (handle_) host::Fail(failure::kInvalidCall, "The table is bound already.");
     handle_ = table.As<VectorTable>()->Handle();
@@ -79,15 +80,12 @@ class GroupLayer : public virtual ILayer {
 template <class Key>
 using Known = std::map<Key, std::weak_ptr<IObject>>;
 
-Known<QString>& KnownLayers() {
-  static Known<QString> layers;
-  return layers;
-}
+struct KnownObjects {
+  Known<QString> layers;
+  Known<const QgsLayerTreeGroup*> groups;
+};
 
-Known<const QgsLayerTreeGroup*>& KnownGroups() {
-  static Known<const QgsLayerTreeGroup*> groups;
-  return groups;
-}
+KnownObjects& KnownOnes() { return Session::Running().Of<KnownObjects>(); }
 
 template <class Key>
 void ForgetUnheld(Known<Key>& known) {
@@ -128,7 +126,7 @@ bool IsTable(const QgsMapLayer& layer) {
 }
 
 Ref<IObject> ObjectOf(QgsMapLayer& layer) {
-  auto& known = KnownLayers();
+  auto& known = KnownOnes().layers;
   std::weak_ptr<IObject>& place = known[layer.id()];
   if (auto object = place.lock()) {
     auto* host = dynamic_cast<IQgisLayer*>(object.get());
@@ -141,7 +139,7 @@ Ref<IObject> ObjectOf(QgsMapLayer& layer) {
 }
 
 Ref<IObject> ObjectOf(QgsLayerTreeGroup& group) {
-  auto& known = KnownGroups();
+  auto& known = KnownOnes().groups;
   std::weak_ptr<IObject>& place = known[&group];
   auto object = std::dynamic_pointer_cast<GroupLayer>(place.lock());
   if (!object || object->Gone()) {
@@ -159,7 +157,7 @@ Ref<IObject> ObjectOwning(std::unique_ptr<QgsMapLayer> layer) {
 
 void Remember(const Ref<IQgisLayer>& object) {
   if (QgsMapLayer* layer = object->LayerIfThere()) {
-    KnownLayers()[layer->id()] = std::shared_ptr<IObject>(object.Shared());
+    KnownOnes().layers[layer->id()] = std::shared_ptr<IObject>(object.Shared());
   }
 }
 

@@ -15,6 +15,7 @@
 #include "hosts/qgis/data/featurereader.h"
 #include "hosts/qgis/data/fieldtable.h"
 #include "hosts/qgis/data/geometry.h"
+#include "hosts/qgis/data/rowids.h"
 #include "hosts/qgis/qgishost.h"
 #include "hosts/qgis/userturn.h"
 
@@ -31,28 +32,25 @@ const QString kClause = QStringLiteral("brelmon/filter");
   host::Fail(failure::kRefused, "The query was refused: " + reason + ".");
 }
 
-/// Rows of the layer's own file, under the layer's filter. QGIS numbers them from `head` on.
+/// Rows of the layer's own file or table, under the layer's filter, with QGIS's numbers.
 class RowsOfFile : public columns::IRowSource {
  public:
-  RowsOfFile(std::shared_ptr<data::VectorSource> file, Text filter, std::int64_t head)
-      : file_(std::move(file)), filter_(std::move(filter)), head_(head) {}
+  RowsOfFile(QgsVectorLayer& layer, std::shared_ptr<data::TableSource> file)
+      : layer_(layer), file_(std::move(file)), filter_(FilterOf(layer)) {}
   const std::vector<columns::Field>& Fields() const override { return file_->Fields(); }
   const columns::CodePage& Encoding() override { return file_->Encoding(); }
   void TryClause(TextView clause) override { file_->TryClause(clause); }
   std::unique_ptr<IBatchReader> Read(const RowRequest& request) override {
-    RowRequest both = request;
-    both.Clause = Both(request.Clause);
-    if (head_ != 0 && request.Only) {
-      RowIds only = *request.Only;
-      for (std::int64_t& id : only) id -= head_;
-      both.Only = std::make_shared<RowIds>(std::move(only));
-    }
-    return columns::Thinned(file_->Read(both), [head = head_](Batch& batch) {
-      CheckStep();
-      if (head != 0) {
-        for (std::int64_t& id : batch.Ids) id += head;
-      }
-    });
+    return Checked(file_->Read(InSource(request)));
+  }
+  std::unique_ptr<IBatchReader> ReadValues(const RowRequest& request) override {
+    return Checked(file_->ReadValues(InSource(request)));
+  }
+  bool Group(const RowRequest& request, std::size_t key,
+             const std::vector<columns::TalliedField>& fields,
+             columns::DissolveGroups& groups) override {
+    CheckStep();
+    return file_->Group(InSource(request), key, fields, groups);
   }
   std::int64_t CountRows(const Text& clause) override {
     CheckStep();
@@ -60,16 +58,26 @@ class RowsOfFile : public columns::IRowSource {
   }
   RowIds IdsOfRows(const Text& clause, bool justOne) override {
     CheckStep();
-    RowIds ids = file_->IdsOfRows(Both(clause), justOne);
-    for (std::int64_t& id : ids) id += head_;
-    return ids;
+    return IdsShown(layer_, *file_, file_->IdsOfRows(Both(clause), justOne));
   }
 
  private:
   Text Both(const Text& clause) const { return columns::BothClauses(filter_, clause); }
-  std::shared_ptr<data::VectorSource> file_;
+  RowRequest InSource(const RowRequest& request) const {
+    RowRequest both = request;
+    both.Clause = Both(request.Clause);
+    if (request.Only) {
+      both.Only = std::make_shared<RowIds>(IdsInSource(layer_, *file_, *request.Only));
+    }
+    return both;
+  }
+  static std::unique_ptr<IBatchReader> Checked(std::unique_ptr<IBatchReader> rows) {
+    return columns::Thinned(std::move(rows), [](Batch&) { CheckStep(); });
+  }
+
+  QgsVectorLayer& layer_;
+  std::shared_ptr<data::TableSource> file_;
   Text filter_;
-  std::int64_t head_;
 };
 
 /// Features as QGIS shows them, with the clause evaluated on them here.
@@ -140,13 +148,12 @@ std::unique_ptr<OGRGeometry> OgrShape(const QgsGeometry& shape) {
 }  // namespace
 
 std::shared_ptr<columns::IRowSource> RowsOf(QgsVectorLayer& layer,
-                                            std::shared_ptr<data::VectorSource> file) {
+                                            std::shared_ptr<data::TableSource> file) {
   if (!file) return std::make_shared<RowsShown>(layer);
-  const std::int64_t head = IsDelimitedText(layer) ? HeadLines(layer) : 0;
-  return std::make_shared<RowsOfFile>(std::move(file), FilterOf(layer), head);
+  return std::make_shared<RowsOfFile>(layer, std::move(file));
 }
 
-RowIds MatchingIds(QgsVectorLayer& layer, const std::shared_ptr<data::VectorSource>& file,
+RowIds MatchingIds(QgsVectorLayer& layer, const std::shared_ptr<data::TableSource>& file,
                    const Ref<IQueryFilter>& filter, bool justOne) {
   const Text clause = ClauseOf(filter);
   const auto rows = RowsOf(layer, file);
@@ -158,9 +165,11 @@ RowIds MatchingIds(QgsVectorLayer& layer, const std::shared_ptr<data::VectorSour
   }
   if (spatial->SpatialRel != 1) host::Fail(failure::kNotSupported);
   const QgsGeometry shape = InLayer(*spatial, layer);
-  if (file && !IsDelimitedText(layer)) {
-    const Text both = columns::BothClauses(FilterOf(layer), clause);
-    if (const auto made = OgrShape(shape)) return file->IdsTouching(both, *made, justOne);
+  const Text both = columns::BothClauses(FromQt(layer.subsetString()), clause);
+  if (file) {
+    if (const auto made = OgrShape(shape)) {
+      return IdsShown(layer, *file, file->IdsTouching(both, *made, justOne));
+    }
   }
   RowIds ids = TouchingIds(layer, shape, justOne && clause.empty());
   if (clause.empty()) return ids;
@@ -186,7 +195,9 @@ void SetFilter(QgsVectorLayer& layer, const Text& clause) {
     if (!expression) Refuse("as a filter of delimited text it can't be put; select by it instead");
     filter = *expression;
   }
-  if (!layer.setSubsetString(filter) || (!blank && layer.dataProvider()->featureCount() == -1)) {
+  // A server was asked about the clause already, and would count its rows.
+  const bool tried = blank || layer.providerType() == QLatin1String("postgres");
+  if (!layer.setSubsetString(filter) || (!tried && layer.dataProvider()->featureCount() == -1)) {
     Refuse("the layer's provider takes no such filter");
   }
   if (translated) {

@@ -11,6 +11,7 @@
 #include "hosts/common/hostfailure.h"
 #include "hosts/qgis/data/fieldtable.h"
 #include "hosts/qgis/qgishost.h"
+#include "hosts/qgis/userturn.h"
 
 namespace brelmon::qgis {
 namespace {
@@ -35,7 +36,7 @@ std::int32_t Count32(std::int64_t count) {
 }
 
 /// A cursor over the layer's rows; with `only`, those among them.
-Ref<ICursor> CursorOver(QgsVectorLayer& layer, const std::shared_ptr<data::VectorSource>& file,
+Ref<ICursor> CursorOver(QgsVectorLayer& layer, const std::shared_ptr<data::TableSource>& file,
                         const Ref<IQueryFilter>& filter, bool recycling,
                         std::shared_ptr<const columns::RowIds> only) {
   auto rows = RowsOf(layer, file);
@@ -47,7 +48,7 @@ Ref<ICursor> CursorOver(QgsVectorLayer& layer, const std::shared_ptr<data::Vecto
     rows->TryClause(request.Clause);
   }
   return columns::NewCursor(std::move(rows), std::move(request),
-                            filter ? filter->SubFields : Text(), recycling);
+                            filter ? filter->SubFields : Text(), recycling, FromQt(layer.name()));
 }
 
 /// The rows that are selected whenever it is asked.
@@ -68,8 +69,16 @@ class SelectionSetView : public virtual ISelectionSet {
 
 }  // namespace
 
-const std::shared_ptr<data::VectorSource>& LayerHandle::File() const {
+const std::shared_ptr<data::TableSource>& LayerHandle::FileIfWhole() const {
   return file_.Of(static_cast<const QgsVectorLayer&>(Layer()));
+}
+
+const std::shared_ptr<data::TableSource>& LayerHandle::File() const {
+  const auto& file = FileIfWhole();
+  if (!file && !file_.Damage().empty()) {
+    host::Fail(failure::kFileNotFound, "The data can't be reached: " + file_.Damage());
+  }
+  return file;
 }
 
 QgsVectorLayer& VectorTable::Readable() const {
@@ -101,7 +110,7 @@ std::int32_t VectorTable::FindField(const Text& name) { return ShownFields()->Fi
 Ref<IFields> VectorTable::Fields() { return FieldsObject(ShownFields()); }
 
 std::shared_ptr<const FieldTable> VectorTable::ShownFields() const {
-  return FieldsOf(Layer(), handle_->File().get());
+  return FieldsOf(Layer(), handle_->FileIfWhole().get());
 }
 
 Ref<ICursor> VectorTable::Search(const Ref<IQueryFilter>& filter, bool recycling) {
@@ -130,6 +139,7 @@ columns::IColumnTable::Rows VectorTable::VisibleRows(bool selected) {
 Text VectorTable::DefinitionExpression() { return FilterOf(Layer()); }
 
 void VectorTable::SetDefinitionExpression(const Text& expression) {
+  CheckTurn();
   QgsVectorLayer& layer = Readable();
   if (layer.isEditable()) {
     host::Fail(failure::kPermissionDenied,
@@ -151,6 +161,7 @@ Ref<ISelectionSet> VectorTable::SelectionSet() {
 
 void VectorTable::SelectRows(const Ref<IQueryFilter>& filter, SelectionMethod method,
                              bool justOne) {
+  CheckTurn();
   QgsVectorLayer& layer = Readable();
   columns::RowIds rows = MatchingIds(layer, handle_->File(), filter, justOne);
   if (method != SelectionMethod::New) {
@@ -161,6 +172,7 @@ void VectorTable::SelectRows(const Ref<IQueryFilter>& filter, SelectionMethod me
 
 // Keeps what was selected for QGIS's own "Reselect".
 void VectorTable::Clear() {
+  CheckTurn();
   if (Layer().selectedFeatureCount() > 0) Layer().removeSelection();
 }
 

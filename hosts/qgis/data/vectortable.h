@@ -25,7 +25,9 @@ class LayerHandle {
   bool Valid() const;  // false once it is gone
   QgsMapLayer* Release();
   /// Of a valid vector layer: its file, or null.
-  const std::shared_ptr<data::VectorSource>& File() const;
+  const std::shared_ptr<data::TableSource>& FileIfWhole() const;
+  /// The same for whoever reads rows: fails with 53 and the reason where the file is damaged.
+  const std::shared_ptr<data::TableSource>& File() const;
 
  private:
   QPointer<QgsMapLayer> layer_;

@@ -16,6 +16,7 @@
 #include "hosts/qgis/data/layerobject.h"
 #include "hosts/qgis/document/dataframes.h"
 #include "hosts/qgis/qgishost.h"
+#include "hosts/qgis/session.h"
 
 namespace brelmon::qgis {
 namespace {
@@ -66,12 +67,15 @@ class View : public virtual IContentsView {
   std::int32_t index_;
 };
 
+struct Views {
+  const std::array<Ref<IContentsView>, 3> all = {New<View>(0), New<View>(1), New<View>(2)};
+};
+
 }  // namespace
 
 Ref<IContentsView> ContentsViewAt(std::int32_t index) {
-  static const std::array<Ref<IContentsView>, 3> views = {New<View>(0), New<View>(1), New<View>(2)};
   if (index < 0 || index > kSelectionTab) host::Fail(failure::kSubscript);
-  return views[static_cast<std::size_t>(index)];
+  return Session::Running().Of<Views>().all[static_cast<std::size_t>(index)];
 }
 
 Ref<IContentsView> CurrentContents() {
@@ -80,6 +84,7 @@ Ref<IContentsView> CurrentContents() {
 }
 
 void BringToFront(const Ref<IContentsView>& view) {
+  if (!view) host::Fail(failure::kObjectNotSet);
   QgsDockWidget* panel = Panel();
   if (panel && view->Name() != kNames[kSelectionTab]) panel->setUserVisible(true);
 }

@@ -16,6 +16,7 @@
 #include "hosts/qgis/document/dataframes.h"
 #include "hosts/qgis/document/graphics.h"
 #include "hosts/qgis/qgishost.h"
+#include "hosts/qgis/session.h"
 #include "hosts/qgis/userturn.h"
 
 namespace brelmon::qgis {
@@ -165,6 +166,8 @@ class DataFrame : public virtual IMap,
 
   // On top of the frame, as a newcomer.
   void Insert(const Ref<IQgisLayer>& object) {
+    CheckTurn();
+    if (!object) host::Fail(failure::kObjectNotSet);
     QgsLayerTreeGroup& group = Node();
     QgsMapLayer* layer = object->LayerIfThere();
     if (!layer) host::Fail(failure::kObjectNotSet);
@@ -177,6 +180,7 @@ class DataFrame : public virtual IMap,
   }
 
   void Remove(const Ref<IObject>& object) {
+    CheckTurn();
     const auto host = object.TryAs<IQgisLayer>();
     QgsMapLayer* layer = host ? host->LayerIfThere() : nullptr;
     if (!layer || !node_) return;
@@ -197,10 +201,9 @@ class DataFrame : public virtual IMap,
   Text name_;
 };
 
-std::map<const QgsLayerTreeGroup*, std::weak_ptr<DataFrame>>& KnownFrames() {
-  static std::map<const QgsLayerTreeGroup*, std::weak_ptr<DataFrame>> frames;
-  return frames;
-}
+using KnownFrames = std::map<const QgsLayerTreeGroup*, std::weak_ptr<DataFrame>>;
+
+KnownFrames& KnownOnes() { return Session::Running().Of<KnownFrames>(); }
 
 void RemoveAll(QgsLayerTreeGroup& group) {
   QStringList ids;
@@ -215,7 +218,7 @@ void RemoveAll(QgsLayerTreeGroup& group) {
 }  // namespace
 
 Ref<IMap> FrameOf(QgsLayerTreeGroup& node) {
-  auto& place = KnownFrames()[&node];
+  auto& place = KnownOnes()[&node];
   auto frame = place.lock();
   if (!frame || frame->Gone()) {
     frame = std::make_shared<DataFrame>(&node);
@@ -233,7 +236,7 @@ void AddFrame(const Ref<IMap>& map) {
   auto* group = QgsProject::instance()->layerTreeRoot()->addGroup(ToQt(frame->Name()));
   MarkFrame(*group, true);
   frame->Bind(group);
-  KnownFrames()[group] = frame.Shared();
+  KnownOnes()[group] = frame.Shared();
 }
 
 void RemoveFrame(const Ref<IMap>& map) {

@@ -12,15 +12,17 @@
 #include <algorithm>
 
 #include "hosts/qgis/qgishost.h"
+#include "hosts/qgis/session.h"
 
 namespace brelmon::qgis {
 namespace {
 
 /// The frame that was brought into focus last; its project may be gone.
-QPointer<QgsLayerTreeGroup>& LastInFocus() {
-  static QPointer<QgsLayerTreeGroup> frame;
-  return frame;
-}
+struct LastInFocus {
+  QPointer<QgsLayerTreeGroup> frame;
+};
+
+LastInFocus& Last() { return Session::Running().Of<LastInFocus>(); }
 
 }  // namespace
 
@@ -63,13 +65,13 @@ QgsLayerTreeGroup* FocusNode() {
     return frame->itemVisibilityChecked();
   };
   const bool any = std::any_of(frames.begin(), frames.end(), visible);
-  const auto last = std::find(frames.begin(), frames.end(), LastInFocus().data());
+  const auto last = std::find(frames.begin(), frames.end(), Last().frame.data());
   if (last != frames.end() && (visible(*last) || !any)) return *last;
   return any ? *std::find_if(frames.begin(), frames.end(), visible) : frames.front();
 }
 
 void BringIntoFocus(QgsLayerTreeGroup& frame) {
-  LastInFocus() = &frame;
+  Last().frame = &frame;
   frame.setItemVisibilityChecked(true);
 }
 

@@ -20,14 +20,14 @@
 #include "hosts/common/hostfailure.h"
 #include "hosts/common/objectlists.h"
 #include "hosts/qgis/data/geometry.h"
+#include "hosts/qgis/session.h"
 
 namespace brelmon::qgis {
 namespace {
 
-std::vector<GraphicId>& Selected() {
-  static std::vector<GraphicId> selected;
-  return selected;
-}
+using SelectedIds = std::vector<GraphicId>;
+
+SelectedIds& Selected() { return Session::Running().Of<SelectedIds>(); }
 
 QgsAnnotationLayer* LayerOf(const GraphicId& id) {
   QgsAnnotationLayer* main = QgsProject::instance()->mainAnnotationLayer();

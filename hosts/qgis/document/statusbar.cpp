@@ -52,9 +52,10 @@ class StatusBar : public virtual IStatusBar {
     bar_->repaint();
   }
 
+  // What a stopped run would do with what it has so far comes to nothing here at the latest.
   void HideProgressBar() override {
-    if (!widget_) return;
-    widget_->hide();
+    if (widget_) widget_->hide();
+    CheckTurn();
   }
 
  private:

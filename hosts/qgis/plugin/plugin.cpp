@@ -15,10 +15,12 @@
 #include "hosts/qgis/plugin/testdriver.h"
 #include "hosts/qgis/plugin/toolbar.h"
 #include "hosts/qgis/plugin/watch.h"
-#include "hosts/qgis/qgishost.h"
 #include "hosts/qgis/services/errordialog.h"
 #include "hosts/qgis/services/hostservices.h"
+#include "hosts/qgis/session.h"
+#include "hosts/qgis/userturn.h"
 #include "hosts/qgis/view/modelessframe.h"
+#include "hosts/servers/connection.h"
 
 namespace brelmon::qgis {
 namespace {
@@ -49,7 +51,14 @@ std::filesystem::path OwnFolder() {
 }
 
 /// Everything that lives from loading to unloading, in order of making.
-struct Session {
+struct Loaded : Session {
+  using Session::Session;
+  // The component's forms must not be seen when their code goes.
+  ~Loaded() override {
+    WhenErrorDialogCloses({});
+    HideModelessFrames();
+  }
+
   std::unique_ptr<HostServices> services = HostServices::Make();
   std::unique_ptr<host::Component> component;
   Ref<IApplication> application;
@@ -69,7 +78,6 @@ class Plugin : public QObject, public QgisPlugin {
   ~Plugin() override { End(); }
 
   void initGui() override {
-    SetIface(iface_);
     try {
       Begin();
     } catch (const std::exception& reason) {
@@ -81,10 +89,10 @@ class Plugin : public QObject, public QgisPlugin {
 
  private:
   void Begin() {
-    session_ = std::make_unique<Session>();
-    Session& session = *session_;
-    session.component = host::Component::Load(
-        host::Component::Find(OwnFolder(), BRELMON_COMPONENT_FILE), session.services->Set());
+    session_ = std::make_unique<Loaded>(*iface_);
+    Loaded& session = *session_;
+    session.component = host::Component::Load(host::Component::Find(OwnFolder(), BRELMON_COMPONENT),
+                                              session.services->Set());
     session.application = NewApplication();
     session.toolbar = Toolbar::Make(*iface_, *session.component, session.application);
     const auto ask = [toolbar = session.toolbar.get()] { toolbar->AskSoon(); };
@@ -93,34 +101,29 @@ class Plugin : public QObject, public QgisPlugin {
     session.focus = PanelFocus::Start(*iface_->layerTreeView(), ask);
     session.frameMenu = FrameMenu::Install(*iface_->layerTreeView());
     WhenErrorDialogCloses(ask);
+    // Waiting for a server is a user's long work like any other.
+    servers::SetWhileWaiting(CheckStep);
+#ifdef BRELMON_TEST_DOORS
     QObject::connect(iface_, &QgisInterface::initializationCompleted, this,
                      [this] { QTimer::singleShot(0, this, [this] { StartTestDriver(); }); });
+#endif
   }
 
+#ifdef BRELMON_TEST_DOORS
   void StartTestDriver() {
     if (!session_) return;
     RunTestDriver({iface_, session_->component.get(), session_->application,
                    session_->services->Set(), &SelectGraphics, &InTurn, [this] { End(); }});
   }
+#endif
 
   void End() {
-    if (!session_) return;
-    WhenErrorDialogCloses({});
-    HideModelessFrames();
-    session_->frameMenu.reset();
-    session_->focus.reset();
-    session_->watch.reset();
-    session_->graphics.reset();
-    session_->toolbar.reset();
-    session_->application.Reset();
-    session_->component.reset();
+    servers::SetWhileWaiting({});
     session_.reset();
-    SelectGraphics({});
-    SetIface(nullptr);
   }
 
   QgisInterface* iface_;
-  std::unique_ptr<Session> session_;
+  std::unique_ptr<Loaded> session_;
 };
 
 }  // namespace

@@ -23,8 +23,6 @@
 namespace brelmon::qgis {
 namespace {
 
-QString ClassOf(const Text& progId) { return ToQt(progId).section(QLatin1Char('.'), -1); }
-
 QString ActionText(const Text& caption) {
   return ToQt(caption).replace(QLatin1Char('&'), QLatin1String("&&"));
 }
@@ -61,12 +59,12 @@ class ToolbarOfQgis : public Toolbar {
     const auto definition = component_.CreateObject(ProgIdOf(kToolBarClass)).As<IToolBarDef>(0);
     bar_ = iface_.addToolBar(ToQt(definition->Caption()));
     bar_->setObjectName(QStringLiteral("BrelmonTools"));
-    for (const host::BarItem& item : host::ItemsOf(definition)) {
-      if (item.Group) {
+    for (const auto& [className, beginsGroup] : host::ItemsOf(*definition)) {
+      if (beginsGroup) {
         bar_->addSeparator();
         menu_->addSeparator();
       }
-      QAction* action = Add(item.ProgId);
+      QAction* action = Add(className);
       bar_->addAction(action);
       menu_->addAction(action);
     }
@@ -83,11 +81,11 @@ class ToolbarOfQgis : public Toolbar {
   void AddCommandsOffTheBar() {
     Text category;
     for (const CommandInfo& info : CommandTable()) {
-      const Text progId = ProgIdOf(info.ClassName);
-      if (Has(ClassOf(progId))) continue;
+      const Text className(info.ClassName);
+      if (Has(ToQt(className))) continue;
       if (category != info.Category) menu_->addSeparator();
       category = info.Category;
-      menu_->addAction(Add(progId));
+      menu_->addAction(Add(className));
     }
   }
 
@@ -97,12 +95,12 @@ class ToolbarOfQgis : public Toolbar {
     });
   }
 
-  QAction* Add(const Text& progId) {
+  QAction* Add(const Text& className) {
     Button button;
-    button.command = component_.CreateObject(progId).As<ICommand>(0);
+    button.command = component_.CreateObject(ProgIdOf(className)).As<ICommand>(0);
     ICommand& command = *button.command;
     button.action = new QAction(ActionText(command.Caption()), iface_.mainWindow());
-    button.action->setObjectName(ClassOf(progId));
+    button.action->setObjectName(ToQt(className));
     button.action->setToolTip(ToQt(command.Tooltip()));
     button.action->setStatusTip(ToQt(command.Message()));
     button.action->setIcon(PictureOf(command));
@@ -124,7 +122,9 @@ class ToolbarOfQgis : public Toolbar {
     running_ = true;
     // The command outlives its click, whatever becomes of the plug-in meanwhile.
     const Ref<ICommand> command = buttons_[at].command;
+    const QPointer<QAction> action = buttons_[at].action;
     InTurn([&] { command->OnClick(); });
+    if (!action) return;  // and this object with it
     running_ = false;
     AskSoon();
   }

@@ -13,27 +13,32 @@
 #include <QPointer>
 #include <QVBoxLayout>
 
+#include "hosts/columns/emptyvalue.h"
 #include "hosts/qgis/qgishost.h"
+#include "hosts/qgis/session.h"
 #include "hosts/qgis/userturn.h"
 
 namespace brelmon::qgis {
+
+struct Errors {
+  std::function<void()> closed;
+  bool quiet = false;
+  int timesAsked = 0;
+  int clickShown = 0;    // the click that the dialog's text belongs to
+  bool endTold = false;  // of the turn that was ended last
+};
+
 namespace {
 
-std::function<void()>& Listener() {
-  static std::function<void()> listener;
-  return listener;
-}
-
+/// To the end of the process: what it tells is read when the plug-in is gone, too.
 struct Window {
   QPointer<QDialog> dialog;
   QPlainTextEdit* text = nullptr;
 };
 
 Window window;
-bool quietNow = false;
-int timesAsked = 0;
-int clickShown = 0;    // the click that the dialog's text belongs to
-bool endTold = false;  // of the turn that was ended last
+
+Errors& Told() { return Session::Running().Of<Errors>(); }
 
 Window& TheWindow() {
   if (window.dialog) return window;
@@ -54,7 +59,8 @@ Window& TheWindow() {
   dialog->resize(640, 320);
   QObject::connect(buttons, &QDialogButtonBox::rejected, dialog, &QDialog::reject);
   QObject::connect(dialog, &QDialog::finished, dialog, [] {
-    if (Listener()) Listener()();
+    Session* session = Session::IfRunning();
+    if (session && session->Of<Errors>().closed) session->Of<Errors>().closed();
   });
   // Nobody but this window keeps the process from ending with its last own window.
   dialog->setAttribute(Qt::WA_QuitOnClose, false);
@@ -65,8 +71,9 @@ Window& TheWindow() {
 /// Below what the same click has told before, as long as that can still be read.
 void ShowInDialog(const QString& what) {
   const auto [dialog, text] = TheWindow();
-  const bool more = dialog->isVisible() && CurrentClick() != 0 && CurrentClick() == clickShown;
-  clickShown = CurrentClick();
+  const bool more =
+      dialog->isVisible() && CurrentClick() != 0 && CurrentClick() == Told().clickShown;
+  Told().clickShown = CurrentClick();
   if (more) {
     text->appendPlainText(QString(40, QLatin1Char('-')) + QLatin1Char('\n') + what);
   } else {
@@ -79,35 +86,39 @@ void ShowInDialog(const QString& what) {
 
 class ErrorDialog : public virtual IErrorDialog {
  public:
-  void SetText(const Text& text) override { text_ = ToQt(text); }
+  void SetText(const Text& text) override { text_ = text; }
   void SetVisible(bool visible) override {
     if (!visible) return TheWindow().dialog->hide();
-    ++timesAsked;
-    if (TellEndOfTurn() || quietNow) return;
-    ShowInDialog(text_);
+    ++Told().timesAsked;
+    if (TellEndOfTurn() || Told().quiet) return;
+    ShowInDialog(ToQt(columns::WithEmptyValue(text_)));
   }
 
  private:
-  QString text_;
+  Text text_;
 };
 
 }  // namespace
 
 Ref<IErrorDialog> NewErrorDialog() { return New<ErrorDialog>(); }
 
-QuietErrors::QuietErrors(bool quiet) : before_(quietNow), countBefore_(timesAsked) {
-  quietNow = quiet;
+QuietErrors::QuietErrors(bool quiet)
+    : errors_(Session::Running().Shared<Errors>()),
+      before_(errors_->quiet),
+      countBefore_(errors_->timesAsked) {
+  errors_->quiet = quiet;
 }
 
-QuietErrors::~QuietErrors() { quietNow = before_; }
+QuietErrors::~QuietErrors() { errors_->quiet = before_; }
 
-int QuietErrors::Count() const { return timesAsked - countBefore_; }
+int QuietErrors::Count() const { return errors_->timesAsked - countBefore_; }
 
 bool TellEndOfTurn() {
   const Text* reason = EndOfTurn();
-  if (!reason || endTold) return reason != nullptr;
-  endTold = true;
-  AtEndOfTurn([] { endTold = false; });
+  const auto& errors = Session::Running().Shared<Errors>();
+  if (!reason || errors->endTold) return reason != nullptr;
+  errors->endTold = true;
+  AtEndOfTurn([errors] { errors->endTold = false; });
   if (!reason->empty()) ShowInDialog(ToQt(*reason));
   return true;
 }
@@ -128,6 +139,6 @@ void InTurn(const std::function<void()>& deed) {
 
 bool ErrorDialogIsOpen() { return window.dialog && window.dialog->isVisible(); }
 
-void WhenErrorDialogCloses(std::function<void()> closed) { Listener() = std::move(closed); }
+void WhenErrorDialogCloses(std::function<void()> closed) { Told().closed = std::move(closed); }
 
 }  // namespace brelmon::qgis

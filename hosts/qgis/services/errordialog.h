@@ -3,6 +3,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 
 #include "platform/services.h"
 
@@ -20,6 +21,7 @@ class QuietErrors {
   int Count() const;
 
  private:
+  std::shared_ptr<struct Errors> errors_;
   bool before_;
   int countBefore_;
 };

@@ -7,19 +7,21 @@
 #include <QFileInfo>
 
 #include "hosts/columns/dissolve.h"
+#include "hosts/columns/unfinished.h"
 #include "hosts/columns/uniquevalues.h"
 #include "hosts/common/clock.h"
 #include "hosts/common/filesystem.h"
 #include "hosts/common/folderworkspace.h"
 #include "hosts/common/objectlists.h"
+#include "hosts/common/processes.h"
 #include "hosts/common/registry.h"
-#include "hosts/common/shell.h"
 #include "hosts/common/systemlocale.h"
 #include "hosts/qgis/data/layerobject.h"
 #include "hosts/qgis/services/desktop.h"
 #include "hosts/qgis/services/errordialog.h"
 #include "hosts/qgis/services/gxdialog.h"
 #include "hosts/qgis/services/gxlayer.h"
+#include "hosts/qgis/services/openings.h"
 #include "hosts/qgis/services/printer.h"
 #include "hosts/qgis/services/summarizedialog.h"
 #include "hosts/qgis/services/tablewindow.h"
@@ -61,6 +63,7 @@ class HostObjectsOfQgis : public IHostObjects {
 
 class QgisServices : public HostServices {
  public:
+  QgisServices() { columns::Unfinished::SetProcesses({host::OwnProcess, host::ProcessLives}); }
   Services Set() override {
     return {.messageBox = messageBox_.get(),
             .screen = screen_.get(),
@@ -83,7 +86,7 @@ class QgisServices : public HostServices {
   host::HostClock clock_;
   std::unique_ptr<IFileSystem> files_ = host::NewFileSystem();
   std::unique_ptr<IRegistry> registry_ = host::NewMemoryRegistry();
-  std::unique_ptr<IShell> shell_ = host::NewShell();
+  std::unique_ptr<IShell> shell_ = host::NewShell(WatchOpenings(*messageBox_));
   HostObjectsOfQgis objects_;
   std::unique_ptr<IFormHost> forms_ = NewFormHost();
 };

@@ -73,6 +73,7 @@ class TableWindow : public virtual ITableWindow, public virtual ITableWindow2 {
     }
     CheckTurn();
     const bool opens = !window_;
+    if (opens && !item_) host::Fail(failure::kObjectNotSet);
     if (opens) window_ = Iface().showAttributeTable(&VectorLayerOf(item_));
     if (!window_) host::Fail(failure::kInvalidCall, u"QGIS did not open the table.");
     QWidget* top = window_->window();

@@ -12,6 +12,7 @@
 #include <algorithm>
 
 #include "hosts/qgis/qgishost.h"
+#include "hosts/qgis/session.h"
 #include "hosts/qgis/view/pictures.h"
 
 namespace brelmon::qgis {
@@ -20,6 +21,13 @@ namespace {
 QColor ColourOf(Colour colour) {
   return QColor(colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF);
 }
+
+/// The ground that was painted last, and what it was painted with.
+struct Ground {
+  QColor colour;
+  QString sheets;
+  qint64 palette = 0;
+};
 
 /// The same hue, light enough to be read on a dark ground.
 QColor ReadableOn(const QColor& ground, const QColor& colour) {
@@ -83,19 +91,17 @@ bool IsDark(const QColor& colour) { return colour.lightness() < 100; }
 
 // The palette says nothing of it where a theme is a style sheet: a dialog is painted and looked at.
 QColor GroundColour() {
-  static QColor ground;
-  static QString sheets;
-  static qint64 palette = 0;
+  Ground& known = Session::Running().Of<Ground>();
   QWidget* main = Iface().mainWindow();
-  const QString sheetsNow = qApp->styleSheet() + main->styleSheet();
-  const qint64 paletteNow = QApplication::palette().cacheKey();
-  if (ground.isValid() && sheets == sheetsNow && palette == paletteNow) return ground;
-  sheets = sheetsNow;
-  palette = paletteNow;
+  const QString sheets = qApp->styleSheet() + main->styleSheet();
+  const qint64 palette = QApplication::palette().cacheKey();
+  if (known.colour.isValid() && known.sheets == sheets && known.palette == palette) {
+    return known.colour;
+  }
   QDialog probe(main);
   probe.resize(8, 8);
-  ground = probe.grab().toImage().pixelColor(4, 4);
-  return ground;
+  known = {probe.grab().toImage().pixelColor(4, 4), sheets, palette};
+  return known.colour;
 }
 
 QFont FontOf(const Font& font, const QFont& base) {

@@ -12,6 +12,8 @@
 
 #include "hosts/common/heldform.h"
 #include "hosts/qgis/qgishost.h"
+#include "hosts/qgis/session.h"
+#include "hosts/qgis/userturn.h"
 #include "hosts/qgis/view/formview.h"
 #include "hosts/qgis/view/formwindow.h"
 
@@ -72,20 +74,16 @@ class FrameWindow : public QWidget {
 };
 
 class ModelessFrame;
-
-std::vector<ModelessFrame*>& Frames() {
-  static std::vector<ModelessFrame*> frames;
-  return frames;
-}
+using ModelessFrames = std::vector<ModelessFrame*>;
 
 class ModelessFrame : public virtual IModelessFrame,
                       public virtual IWindowPosition,
                       public std::enable_shared_from_this<ModelessFrame> {
  public:
-  ModelessFrame() { Frames().push_back(this); }
+  ModelessFrame() : all_(Session::Running().Shared<ModelessFrames>()) { all_->push_back(this); }
   ~ModelessFrame() override {
     Drop();
-    std::erase(Frames(), this);
+    std::erase(*all_, this);
   }
 
   void Create(const Ref<IObject>& form) override { form_.Take(form); }
@@ -97,9 +95,13 @@ class ModelessFrame : public virtual IModelessFrame,
   bool Visible() override { return window_ != nullptr; }
   void SetVisible(bool visible) override {
     const auto form = form_.Get();
-    if (!visible) Drop();
-    form_.Show(visible);
-    if (!visible) return;
+    if (!visible) {
+      Drop();
+      form_.Show(false);
+      return;
+    }
+    CheckTurn();
+    form_.Show(true);
     if (!window_) Open(*form);
     if (place_) window_->move(*place_);
     FloatAbove(window_);
@@ -113,7 +115,7 @@ class ModelessFrame : public virtual IModelessFrame,
   struct Size {
     Twips width, height;
   };
-  // While the user drags the border, the window is ahead of its form.
+  /// Of the window while it is shown, else of the form.
   Size Measure() const {
     if (window_) {
       const FormView& view = window_->View();
@@ -148,6 +150,7 @@ class ModelessFrame : public virtual IModelessFrame,
     window->deleteLater();
   }
 
+  const std::shared_ptr<ModelessFrames> all_;
   host::HeldForm form_;
   Text caption_;
   std::optional<QPoint> place_;  // where it stood last
@@ -159,7 +162,7 @@ class ModelessFrame : public virtual IModelessFrame,
 Ref<IModelessFrame> NewModelessFrame() { return New<ModelessFrame>(); }
 
 void HideModelessFrames() {
-  const auto frames = Frames();
+  const ModelessFrames frames = Session::Running().Of<ModelessFrames>();
   for (ModelessFrame* frame : frames) {
     if (frame->Visible()) frame->SetVisible(false);
   }

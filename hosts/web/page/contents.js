@@ -8,7 +8,8 @@ import { legendOf } from './legend.js';
  * @typedef {{id: number, depth: number, kind: string, name: string, checked: boolean,
  *   expanded: boolean, picked: boolean, valid: boolean, symbols?: any, definition?: string,
  *   selected?: number, source?: string, path?: string, rows?: number, problem?: string,
- *   extent?: number[], picture?: string, opacity?: number, revision?: number}} Item
+ *   extent?: number[], picture?: string, opacity?: number, revision?: number,
+ *   attribution?: string}} Item
  * @typedef {{id: number, name: string, focus: boolean, visible: boolean, expanded: boolean,
  *   shown?: number[], items: Item[]}} Frame
  */
@@ -157,7 +158,7 @@ export class Contents {
     node.classList.toggle('invalid', !item.valid);
     node.title = this.tipOf(item);
     if (item.definition)
-      node.append(el('span', { className: 'mark', title: item.definition }, '⧩'));
+      node.append(el('span', { className: 'mark', title: item.definition }, '▼'));
     if (!item.valid) node.append(el('span', { className: 'mark' }, '!'));
     if (withBox && item.kind !== 'table') node.prepend(this.box(item));
     if (withBox) {

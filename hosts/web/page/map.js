@@ -5,6 +5,7 @@ import View from 'ol/View.js';
 import { defaults as defaultControls } from 'ol/control/defaults.js';
 import Control from 'ol/control/Control.js';
 import ScaleLine from 'ol/control/ScaleLine.js';
+import { defaults as defaultInteractions } from 'ol/interaction/defaults.js';
 import Projection from 'ol/proj/Projection.js';
 import { el } from './dom.js';
 import { Graphics } from './graphics.js';
@@ -52,6 +53,12 @@ export class MapView {
     this.map = new OlMap({
       target: this.element,
       layers: [this.layer],
+      // Also while something else has the focus: the first drag moves the map, too.
+      interactions: defaultInteractions({
+        onFocusOnly: false,
+        altShiftDragRotate: false,
+        pinchRotate: false,
+      }),
       controls: defaultControls({ rotate: false, attribution: false }).extend(
         units[module.units ?? ''] ? [new ScaleLine()] : [],
       ),
@@ -76,6 +83,8 @@ export class MapView {
       showPlace(`${x.toFixed(places)}, ${y.toFixed(places)}`);
     });
     this.map.addControl(this.fullExtentButton());
+    this.sources = el('div', { className: 'attribution', role: 'note', 'aria-label': 'Sources' });
+    this.element.append(this.sources);
   }
 
   fullExtentButton() {
@@ -94,8 +103,12 @@ export class MapView {
     const frame = frames.find((one) => one.focus) ?? frames[0] ?? null;
     const other = frame?.id !== this.frame?.id;
     this.frame = frame;
-    if (!frame) return this.layer.show([]);
-    this.layer.show(drawn(frame));
+    const items = frame ? drawn(frame) : [];
+    this.layer.show(items);
+    this.sources.textContent = [
+      ...new Set(items.map((item) => item.attribution).filter(Boolean)),
+    ].join(' · ');
+    if (!frame) return;
     if (other) {
       this.graphics.forFrame(frame.id);
       this.goTo(frame.shown ?? this.fullExtent());

@@ -114,8 +114,12 @@ export class Program extends EventTarget {
    * @returns {Uint8Array|null}
    */
   fileBytes(path) {
-    const place = this.ask('file', { path });
-    return place && this.#module.HEAPU8.slice(place.at, place.at + place.size);
+    // Taken before anybody hears of anything: a listener may ask for another file, which takes the
+    // place of this one.
+    return this.#within(() => {
+      const place = JSON.parse(this.#call('_brelmon_ask', 'file', JSON.stringify({ path })));
+      return place && this.#module.HEAPU8.slice(place.at, place.at + place.size);
+    });
   }
   /** The program's memory, to be looked at until it is next called. */
   get memory() {

@@ -42,10 +42,28 @@ TEST(QueryTokens, FindTheFields) {
 
 TEST(QueryTokens, SeeWhatCannotStandByItself) {
   for (const char16_t* clause :
-       {u"a = 1) OR (b = 2", u"((a = 1)", u"a = 'x", u"\"a = 1", u"[a = 1", u"a = 1; DROP TABLE t",
-        u"'O'Brien'", u"a = 1 LIMIT 1", u"a = 1 ORDER BY a", u"load_extension('x') = 1",
-        u"a IN (SELECT readfile('/etc/x'))", u"\"ogr_geocode\"(a) IS NULL", u"a = 1 UNION SELECT 1",
-        u"\"LIKE\"(a)", u"CAST(a AS boolean) = 1"}) {
+       {u"a = 1) OR (b = 2",
+        u"((a = 1)",
+        u"a = 'x",
+        u"\"a = 1",
+        u"[a = 1",
+        u"a = 1; DROP TABLE t",
+        u"'O'Brien'",
+        u"a = 1 LIMIT 1",
+        u"a = 1 ORDER BY a",
+        u"load_extension('x') = 1",
+        u"a IN (SELECT readfile('/etc/x'))",
+        u"\"ogr_geocode\"(a) IS NULL",
+        u"a = 1 UNION SELECT 1",
+        u"\"LIKE\"(a)",
+        u"CAST(a AS boolean) = 1",
+        u"printf('%999999999d', a) = 'x'",
+        u"format('%.*c', a, 'x') = 'x'",
+        u"0 < (SELECT count(*) FROM sqlite_master)",
+        u"a IN (SELECT file FROM \"Pragma_database_list\")",
+        u"a IN (SELECT x FROM 'dbstat')",
+        u"a IN (SELECT name FROM main.[sqlite_schema])",
+        u"a IN (SELECT x FROM (WITH RECURSIVE c(x) AS (SELECT 1) SELECT x FROM c))"}) {
     EXPECT_NE(NamesIn(clause).fault, "") << ToUtf8(clause);
   }
   EXPECT_EQ(NamesIn(u"a = ');('").fault, "");

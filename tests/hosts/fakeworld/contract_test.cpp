@@ -23,7 +23,10 @@ class RoomsWorld : public World {
     world_.map->AddOther(u"Hazards", {storms});
     std::vector<Row> stations;
     for (std::int32_t fid = 1; fid <= 12; ++fid) {
-      stations.push_back({fid, fid > 10 ? Value(Null()) : Value(fid * 100.0)});
+      Row& row = stations.emplace_back(2);
+      row[0] = fid;
+      row[1] = Null();
+      if (fid <= 10) row[1] = fid * 100.0;
     }
     world_.map->AddFeatureLayer(u"Stations", {{u"fid", FieldType::OID}, {u"ELEV_M"}}, stations);
     world_.map->AddOther(u"Relief");

@@ -75,6 +75,9 @@ TEST_F(ShellTest, HandsOverSystemPathsAndAddressesAsTheyAre) {
   const std::string due = folder.Path("docs/a b;$(x).pdf") + "|" + folder.Path() + "|";
   EXPECT_EQ(Opened(directory + u"\\docs\\a b;$(x).pdf", directory), due);
   EXPECT_EQ(Opened(u"docs\\A B;$(x).pdf", directory + u"\\"), due);
+  folder.Write("docs/ä b.html", "");
+  EXPECT_EQ(Opened(u"file:///Z:" + FromUtf8(folder.Path("docs/%C3%a4%20b.html")), u""),
+            folder.Path("docs/ä b.html") + "||");
   EXPECT_EQ(Opened(u"https://example.org/a?b=c&d", u""), "https://example.org/a?b=c&d||");
   EXPECT_EQ(Opened(u"example.org/page.html", u""), "http://example.org/page.html||");
   EXPECT_EQ(Opened(u"localhost:80/x:y", u""), "http://localhost:80/x:y||");
@@ -91,10 +94,31 @@ TEST_F(ShellTest, OpensTheAddressOfAShortcutAndNothingElse) {
   }
 }
 
+TEST_F(ShellTest, AFileUrlIsHeldToWhatHoldsForPaths) {
+  for (const TextView url : {u"file:///Z:/bin/sh", u"file:///Z:/a%00.html", u"file:///Z:/a%zz.html",
+                             u"file:///etc/a.html", u"file://server/a.html"}) {
+    EXPECT_EQ(Guard::Ignore([&] { NewShell()->Execute(Text(url), u"", 1); }), failure::kRefused)
+        << ToUtf8(url);
+  }
+}
+
 TEST_F(ShellTest, ProgramsReadNothingAndWorkInTheDirectory) {
   folder.Write("opener", "#!/bin/sh\n(cat; pwd) > \"$0.tmp\"\nmv \"$0.tmp\" \"$0.log\"\n");
   std::filesystem::create_directory(folder.Path("docs"));
   EXPECT_EQ(Opened(u"a.pdf", Paths().ToWindows(folder.Path("docs"))), folder.Path("docs") + "\n");
+}
+
+TEST_F(ShellTest, ComplainsWhereNothingOpens) {
+  for (const int status : {0, 3}) {
+    folder.Write("opener", "#!/bin/sh\nexit " + std::to_string(status) + "\n");
+    std::unique_ptr<Opening> opening;
+    NewShell([&](auto started) {
+      opening = std::move(started);
+    })->Execute(u"https://example.org/", u"", 1);
+    ASSERT_TRUE(opening->EndsWithin(10000));
+    EXPECT_EQ(opening->Complaint().starts_with(u"https://example.org/ was not opened. "),
+              status != 0);
+  }
 }
 
 TEST_F(ShellTest, RunsProgramsOrFails) {

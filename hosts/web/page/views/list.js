@@ -54,9 +54,11 @@ class ListView {
    */
   click(row, event) {
     if (!this.usable) return;
+    // A finger has no Ctrl key: each tap adds a row to the others or takes it away.
+    const finger = event instanceof PointerEvent && event.pointerType === 'touch';
     this.fire('click', {
       row,
-      'control-key': event.ctrlKey || event.metaKey,
+      'control-key': event.ctrlKey || event.metaKey || (finger && this.extended),
       'shift-key': event.shiftKey,
     });
   }
