@@ -18,7 +18,9 @@ std::string_view Bare(std::string_view bytes) {
   const auto isBlank = [](char c) { return c == ' '; };
   const auto first = std::find_if_not(bytes.begin(), bytes.end(), isBlank);
   const auto last = std::find_if_not(bytes.rbegin(), bytes.rend(), isBlank);
-  return first == bytes.end() ? std::string_view() : std::string_view(first, last.base());
+  if (first == bytes.end()) return {};
+  return bytes.substr(static_cast<std::size_t>(first - bytes.begin()),
+                      static_cast<std::size_t>(last.base() - first));
 }
 
 /// Whether a number is written as programs write it, not as a word or in another base.
