@@ -117,6 +117,7 @@ std::vector<TalliedField> TalliedFields(const std::vector<DissolveTerm>& terms) 
     field.Spread = field.Spread || term.Of == Statistic::Variance || term.Of == Statistic::StdDev;
   }
   std::vector<TalliedField> fields;
+  fields.reserve(tallied.size());
   for (const auto& each : tallied) fields.push_back(each.second);
   return fields;
 }

@@ -44,6 +44,8 @@ struct Case {
   /// It needs no more of the sample than names of layers, tables and fields, so that a world in
   /// memory can be held to it, too.
   bool anyWorld = false;
+  /// It opens data that it wrote: a page has none but what was published.
+  bool newData = false;
 };
 
 inline Case AnyWorld(std::string name, std::function<void(World&)> run) {

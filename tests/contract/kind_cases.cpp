@@ -186,8 +186,8 @@ void ClearingAFilterOfTheProject(World& world) {
   ExpectEqual(Rows(table, table.As<ITable>()->Search({}, true)), "01234567", "all rows");
 }
 
-/// A column is what its last line makes it; without types asked for all are of texts.
-void TypesOfDelimitedText(World& world) {
+/// A column is what its last line makes it.
+void ALateTextInDelimitedText(World& world) {
   const Text folder = ModuleFolder(world);
   std::string lines = "X,Y,CODE\n";
   for (int i = 0; i < 100'000; ++i) lines += "1,2," + std::to_string(1'000'000 + i) + "\n";
@@ -200,6 +200,10 @@ void TypesOfDelimitedText(World& world) {
   const Ref<ILayer> added = LayerNamed(world, u"late");
   ExpectEqual(FirstValue(added, u"CODE", u"\"CODE\" > '2'").ToText(), u"last", "a text far down");
   ExpectEqual(added.As<ITable>()->RowCount(Where(u"\"CODE\" = '1000007'")), 1, "its neighbours");
+}
+
+/// Without types asked for all are of texts.
+void DelimitedTextAsItIs(World& world) {
   const Ref<IStandaloneTable> plain = TableNamed(world, u"plain");
   const Ref<IFields> fields = plain.As<IClass>()->Fields();
   for (std::int32_t i = 0; i < fields->FieldCount(); ++i) {
@@ -310,7 +314,8 @@ std::vector<Case> KindCases() {
           {"layers without data", LayersWithoutData, kKinds},
           {"selections under filters", SelectionsUnderFilters, kKinds},
           {"clearing a filter of the project", ClearingAFilterOfTheProject, kKinds},
-          {"types of delimited text", TypesOfDelimitedText, kKinds},
+          {"a late text in delimited text", ALateTextInDelimitedText, kKinds, false, true},
+          {"delimited text as it is", DelimitedTextAsItIs, kKinds},
           {"unique values of every kind", UniqueValuesOfEachKind, kKinds},
           {"summaries of every kind", Summaries, kKinds},
           {"members of the map", MembersOfTheMap, kKinds}};
