@@ -27,7 +27,7 @@ std::string Choices(const WordText& word, const std::string& value) {
   return choices + ")";
 }
 
-std::string Specification(const WordText& option) {
+std::string WordOfOption(const WordText& option) {
   std::string text = option.Repeats ? "'*" : "'";
   text += option.Name + "[" + Escaped(option.Help) + "]";
   if (!option.Value.empty()) {
@@ -36,10 +36,10 @@ std::string Specification(const WordText& option) {
   return text + "'";
 }
 
-void AddSpecifications(std::string& script, const ActionText& action, const std::string& indent) {
+void AddWords(std::string& script, const ActionText& action, const std::string& indent) {
   const auto add = [&](const std::string& each) { script += " \\\n" + indent + each; };
-  for (const WordText& each : action.OneOf) add(Specification(each));
-  for (const WordText& each : action.Options) add(Specification(each));
+  for (const WordText& each : action.OneOf) add(WordOfOption(each));
+  for (const WordText& each : action.Options) add(WordOfOption(each));
   for (const WordText& each : action.Arguments) {
     const std::string count = each.Repeats ? "*:" : each.Required ? ":" : "::";
     add("'" + count + each.Name + ":" + Choices(each, each.Name) + "'");
@@ -65,7 +65,7 @@ void AddFunction(std::string& script, const ActionText& action, const std::strin
   script += "\n" + FunctionOf(path) + "() {\n";
   if (action.Actions.empty()) {
     script += "  _arguments";
-    AddSpecifications(script, action, "    ");
+    AddWords(script, action, "    ");
     script += "\n}\n";
     return;
   }
@@ -92,7 +92,7 @@ std::string ZshCompletion(const ActionText& program) {
       "  local curcontext=$curcontext state\n"
       "  local -a actions\n"
       "  _arguments -C";
-  for (const WordText& each : program.Options) script += " \\\n    " + Specification(each);
+  for (const WordText& each : program.Options) script += " \\\n    " + WordOfOption(each);
   script +=
       " \\\n    '1:module:_files -g \"*.(qgs|qgz)(-.) *(-/)\"' \\\n"
       "    '*::action:->action'\n"
